@@ -1,0 +1,99 @@
+#include "tests/support/private_x_server.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <poll.h>
+#include <stdexcept>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace quillora::tests {
+namespace {
+
+/// The number that the server writes once it listens, or -1 when it ends or says nothing for ten seconds.
+int readDisplayNumber(int descriptor)
+{
+    std::string text;
+    pollfd ready{descriptor, POLLIN, 0};
+    while (poll(&ready, 1, 10'000) > 0) {
+        char character = 0;
+        if (read(descriptor, &character, 1) != 1)
+            return -1;
+        if (character == '\n')
+            return std::atoi(text.c_str());
+        text += character;
+    }
+    return -1;
+}
+
+} // namespace
+
+PrivateXServer::PrivateXServer(Screen screen, std::optional<int> number) { start(screen, number); }
+
+PrivateXServer::~PrivateXServer()
+{
+    m_server->terminate();
+    removeLeftovers();
+}
+
+std::string PrivateXServer::display() const { return ":" + std::to_string(m_number); }
+
+void PrivateXServer::freeze() { m_server->sendSignal(SIGSTOP); }
+
+void PrivateXServer::thaw() { m_server->sendSignal(SIGCONT); }
+
+void PrivateXServer::kill()
+{
+    m_server->kill();
+    removeLeftovers();
+}
+
+void PrivateXServer::restart(Screen screen)
+{
+    kill();
+    start(screen, m_number);
+}
+
+void PrivateXServer::start(Screen screen, std::optional<int> number)
+{
+    // Servers that look for a free number at the same moment can find the same one; the loser ends.
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        int ends[2];
+        if (pipe2(ends, O_CLOEXEC) != 0)
+            throw std::runtime_error("no pipe for the X server");
+        std::vector<std::string> arguments{"Xvfb"};
+        if (number)
+            arguments.push_back(":" + std::to_string(*number));
+        const std::string geometry = std::to_string(screen.width) + "x" + std::to_string(screen.height) +
+                                     "x" + std::to_string(screen.depth);
+        arguments.insert(arguments.end(), {"-displayfd", std::to_string(ends[1]), "-screen", "0", geometry,
+                                           "-nolisten", "tcp", "-noreset"});
+        m_server = std::make_unique<ChildProcess>(arguments, ChildProcess::Environment{}, ends[1]);
+        close(ends[1]);
+        m_number = readDisplayNumber(ends[0]);
+        close(ends[0]);
+        if (m_number >= 0)
+            return;
+    }
+    throw std::runtime_error("no X server comes up");
+}
+
+void PrivateXServer::removeLeftovers() const
+{
+    // Another server may have taken the number over by now: only a socket that nobody listens on is ours.
+    const std::string path = "/tmp/.X11-unix/X" + std::to_string(m_number);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    const int probe = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const bool refused = connect(probe, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0;
+    close(probe);
+    std::error_code ignored;
+    if (refused)
+        std::filesystem::remove(path, ignored);
+}
+
+} // namespace quillora::tests
