@@ -1,5 +1,6 @@
 #include "tests/support/private_x_server.h"
 
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -27,6 +28,32 @@ int readDisplayNumber(int descriptor)
         text += character;
     }
     return -1;
+}
+
+std::string socketPath(int number) { return "/tmp/.X11-unix/X" + std::to_string(number); }
+
+bool somebodyListens(int number)
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    socketPath(number).copy(address.sun_path, sizeof address.sun_path - 1);
+    const int probe = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const bool accepted = connect(probe, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    close(probe);
+    return accepted;
+}
+
+/// Far from the numbers of real displays, and another one for each server of each test program: a server that
+/// is given the descriptor to report on takes no lock, so programs that both look for the first free number
+/// would get in each other's way, and a killed server's number would be gone before it is restarted.
+int unusedNumber()
+{
+    static std::atomic<int> count{0};
+    int number = 0;
+    do
+        number = 1000 + (getpid() % 3000) * 16 + count++ % 16;
+    while (somebodyListens(number));
+    return number;
 }
 
 } // namespace
@@ -59,18 +86,18 @@ void PrivateXServer::restart(Screen screen)
 
 void PrivateXServer::start(Screen screen, std::optional<int> number)
 {
-    // Servers that look for a free number at the same moment can find the same one; the loser ends.
     for (int attempt = 0; attempt < 5; ++attempt) {
+        const int candidate = number.value_or(unusedNumber());
         int ends[2];
         if (pipe2(ends, O_CLOEXEC) != 0)
             throw std::runtime_error("no pipe for the X server");
-        std::vector<std::string> arguments{"Xvfb"};
-        if (number)
-            arguments.push_back(":" + std::to_string(*number));
         const std::string geometry = std::to_string(screen.width) + "x" + std::to_string(screen.height) +
                                      "x" + std::to_string(screen.depth);
-        arguments.insert(arguments.end(), {"-displayfd", std::to_string(ends[1]), "-screen", "0", geometry,
-                                           "-nolisten", "tcp", "-noreset"});
+        const std::vector<std::string> arguments{"Xvfb",       ":" + std::to_string(candidate),
+                                                 "-displayfd", std::to_string(ends[1]),
+                                                 "-screen",    "0",
+                                                 geometry,     "-nolisten",
+                                                 "tcp",        "-noreset"};
         m_server = std::make_unique<ChildProcess>(arguments, ChildProcess::Environment{}, ends[1]);
         close(ends[1]);
         m_number = readDisplayNumber(ends[0]);
@@ -84,16 +111,9 @@ void PrivateXServer::start(Screen screen, std::optional<int> number)
 void PrivateXServer::removeLeftovers() const
 {
     // Another server may have taken the number over by now: only a socket that nobody listens on is ours.
-    const std::string path = "/tmp/.X11-unix/X" + std::to_string(m_number);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    path.copy(address.sun_path, sizeof address.sun_path - 1);
-    const int probe = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    const bool refused = connect(probe, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0;
-    close(probe);
     std::error_code ignored;
-    if (refused)
-        std::filesystem::remove(path, ignored);
+    if (!somebodyListens(m_number))
+        std::filesystem::remove(socketPath(m_number), ignored);
 }
 
 } // namespace quillora::tests

@@ -17,7 +17,8 @@ class PrivateXServer {
         int depth = 24;
     };
 
-    /// Takes a display number that is free, or @p number. Throws std::runtime_error when no server comes up.
+    /// Takes a display number that nobody uses, or @p number. Throws std::runtime_error when no server comes
+    /// up.
     explicit PrivateXServer(Screen screen, std::optional<int> number = std::nullopt);
     PrivateXServer() : PrivateXServer(Screen{}) {}
     ~PrivateXServer();
