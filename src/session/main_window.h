@@ -8,8 +8,8 @@
 
 namespace quillora::session {
 
-/// What the logic asks of the main form `Vantry_frm`. Every operation shows something or reads something; none
-/// decides. Called on the one thread of forms and logic.
+/// What the logic asks of the main form `Vantry_frm`. Every operation shows something or reads something;
+/// none decides. Called on the one thread of forms and logic.
 class MainWindow {
   public:
     virtual ~MainWindow() = default;
@@ -28,8 +28,10 @@ class MainWindow {
     virtual void setCountdownPicture(const std::filesystem::path& picture) = 0;
     /// The button `changeback_btn`.
     virtual void setChangeBackVisible(bool visible) = 0;
-    /// Custom pointer from a cursor file, or the default one for an empty path.
+    /// Pointer of the form: a custom one from a cursor file, or the default one for an empty path.
     virtual void setMousePointer(const std::filesystem::path& cursor) = 0;
+    /// Pointer of the stage `Picture1`, likewise.
+    virtual void setStagePointer(const std::filesystem::path& cursor) = 0;
 
     /// Keeps the window above all others, or puts it back among them. Size, place and focus stay.
     virtual void SetTopMost(bool flag) = 0;

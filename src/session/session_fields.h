@@ -4,9 +4,9 @@
 
 namespace quillora::session {
 
-/// The fields that the parts of a session share. Most state is text and is compared by its exact value; numbers
-/// are decimal text. Hidden controls of the main form count as fields and keep their names and their stored
-/// texts, which show up where nothing has been written yet.
+/// The fields that the parts of a session share. Most state is text and is compared by its exact value;
+/// numbers are decimal text. Hidden controls of the main form count as fields and keep their names and their
+/// stored texts, which show up where nothing has been written yet.
 struct SessionFields {
     /// "stop", "record" or "pause": the gate that every command asks.
     std::string recordState = "stop";
@@ -36,6 +36,8 @@ struct SessionFields {
     std::string Text7 = "Video File title";
 
     std::string lang_txt = "eng";
+    /// The program's version as the presenter and the container name it.
+    std::string version_lb = "Version 3.13.0";
     /// The Workspace's root; whether a separator ends it depends on who wrote it last.
     std::string workspacePath{};
 

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "session/main_window.h"
+#include "session/recording_session.h"
+#include "session/session_fields.h"
+#include "session/slide_show.h"
+#include "session/workspace.h"
+
+namespace quillora::session {
+
+/// The life of the main form: what happens when it comes up, and when it is closed.
+class MainForm {
+  public:
+    struct Ports {
+        SessionFields& fields;
+        MainWindow& window;
+        SlideShow& slides;
+        Workspace& workspace;
+        RecordingSession& session;
+    };
+    /// What the ports refer to must outlive this object.
+    explicit MainForm(const Ports& ports) : m_ports(ports) {}
+
+    /// Makes and empties the Workspace and shows the first picture. Skips what fails. The widgets must exist.
+    void Form_Load();
+    /// Runs the whole stop, with its save, when a recording is on; what is paused is given up. The caller
+    /// ends the process afterwards. Never throws.
+    void Form_Unload();
+
+  private:
+    Ports m_ports;
+};
+
+} // namespace quillora::session
