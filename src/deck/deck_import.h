@@ -10,6 +10,7 @@
 #include "session/workspace.h"
 
 #include <filesystem>
+#include <memory>
 #include <string>
 
 namespace quillora::deck {
@@ -42,7 +43,8 @@ class DeckImport : public session::DeckOpening {
 
   private:
     std::string askForDeck();
-    void convert(const std::string& pptFileName);
+    /// The caller lets go of @p application, so that the slide is on the stage before the converter ends.
+    void convert(std::unique_ptr<PresentationApplication>& application, const std::string& pptFileName);
     void countSlides(Presentation* presentation);
     void exportSlides(Presentation* presentation);
     void closingCheck();

@@ -35,7 +35,8 @@ class SlideViewer : public session::SlideShow {
 
     void showStartPicture() override;
     void LoadSlide() override;
-    /// Stretches the slide to its panel, and the preview to 1.777 times the panel's height.
+    /// Stretches the slide to its panel, and the preview to 1.777 times the panel's height. Throws
+    /// std::runtime_error when a surface has nothing to stretch.
     void ResizeSlide() override;
 
     /// A button of `navigation_TB` by its key: "first", "pre", "next" or "last". Never throws.
