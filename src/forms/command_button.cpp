@@ -1,0 +1,30 @@
+#include "forms/command_button.h"
+
+#include "forms/look.h"
+
+#include <QKeyEvent>
+
+namespace quillora::forms {
+
+CommandButton::CommandButton(Face face, const QString& iconName, const QString& caption,
+                             const QString& spokenName, QWidget* parent)
+    : QToolButton(parent)
+{
+    setIcon(drawnIcon(iconName));
+    setText(caption);
+    setAccessibleName(spokenName);
+    setToolButtonStyle(face == Face::iconOnly ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+    setAutoRaise(true);
+    setFocusPolicy(Qt::TabFocus);
+}
+
+bool CommandButton::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space) {
+        event->accept();
+        return true;
+    }
+    return QToolButton::event(event);
+}
+
+} // namespace quillora::forms

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QToolButton>
+
+namespace quillora::forms {
+
+/// A flat button of a toolbar. It takes the keyboard's focus from Tab only, so that after a click with the
+/// mouse the presenter's keys still go to the stage; and while it has the focus, Space presses it rather than
+/// turning to the next slide.
+class CommandButton : public QToolButton {
+    Q_OBJECT
+
+  public:
+    enum class Face { iconAndCaption, iconOnly };
+
+    /// @p spokenName is what a person would call the button; it is read by screen readers.
+    CommandButton(Face face, const QString& iconName, const QString& caption, const QString& spokenName,
+                  QWidget* parent);
+
+  protected:
+    bool event(QEvent* event) override;
+};
+
+} // namespace quillora::forms

@@ -1,0 +1,141 @@
+#include "forms/image_surface_widget.h"
+
+#include "forms/picture_file.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <stdexcept>
+
+namespace quillora::forms {
+
+namespace {
+
+int buttonValue(Qt::MouseButtons buttons)
+{
+    return (buttons.testFlag(Qt::LeftButton) ? 1 : 0) + (buttons.testFlag(Qt::RightButton) ? 2 : 0) +
+           (buttons.testFlag(Qt::MiddleButton) ? 4 : 0);
+}
+
+int shiftValue(Qt::KeyboardModifiers modifiers)
+{
+    return (modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) +
+           (modifiers.testFlag(Qt::ControlModifier) ? 2 : 0) + (modifiers.testFlag(Qt::AltModifier) ? 4 : 0);
+}
+
+} // namespace
+
+ImageSurfaceWidget::ImageSurfaceWidget(Display display, QWidget* parent) : QWidget(parent), m_display(display)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_NoSystemBackground);
+}
+
+void ImageSurfaceWidget::LoadFile(const std::filesystem::path& picture)
+{
+    m_picture = readPicture(picture);
+    pictureChanged();
+    emit pictureLoaded(picture);
+}
+
+void ImageSurfaceWidget::ResizeImage(int width, int height)
+{
+    const QSize size = displayPixels({width, height});
+    if (m_picture.isNull())
+        throw std::runtime_error("no picture to resize");
+    if (!isPictureSizeAllowed(size))
+        throw std::runtime_error("picture size that is not allowed");
+    if (m_picture.size() != size)
+        m_picture = m_picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    m_picture.setDevicePixelRatio(devicePixelRatioF());
+    pictureChanged();
+}
+
+void ImageSurfaceWidget::NewImage(int width, int height)
+{
+    const QSize size = displayPixels({width, height});
+    if (!isPictureSizeAllowed(size))
+        throw std::runtime_error("picture size that is not allowed");
+    QImage blank(size, QImage::Format_RGB32);
+    if (blank.isNull())
+        throw std::runtime_error("no memory for a picture");
+    blank.fill(Qt::white);
+    blank.setDevicePixelRatio(devicePixelRatioF());
+    m_picture = blank;
+    pictureChanged();
+}
+
+void ImageSurfaceWidget::DrawSegment(int x1, int y1, int x2, int y2)
+{
+    if (m_picture.isNull())
+        throw std::runtime_error("no picture to draw on");
+    const QLineF line(x1, y1, x2, y2);
+    QPainter painter(&m_picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(m_pen);
+    painter.drawLine(line.translated(0.5, 0.5));
+    painter.end();
+
+    if (m_display == Display::fitted) {
+        pictureChanged();
+        return;
+    }
+    const double margin = m_pen.widthF() + 2;
+    const QRectF touched =
+        QRectF(line.p1(), line.p2()).normalized().adjusted(-margin, -margin, margin, margin);
+    update(touched.intersected(QRectF(rect())).toAlignedRect());
+}
+
+QSize ImageSurfaceWidget::displayPixels(QSize formPixels) const
+{
+    return (QSizeF(formPixels) * devicePixelRatioF()).toSize();
+}
+
+void ImageSurfaceWidget::pictureChanged()
+{
+    m_shown = QImage();
+    update();
+}
+
+void ImageSurfaceWidget::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    if (m_picture.isNull()) {
+        painter.fillRect(rect(), Qt::white);
+        return;
+    }
+    if (m_display == Display::fitted) {
+        if (m_shown.isNull()) {
+            m_shown =
+                m_picture.scaled(displayPixels(size()), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            m_shown.setDevicePixelRatio(devicePixelRatioF());
+        }
+        painter.drawImage(0, 0, m_shown);
+        return;
+    }
+    if (!QRectF(QPointF(), m_picture.deviceIndependentSize()).contains(QRectF(rect())))
+        painter.fillRect(rect(), Qt::white);
+    painter.drawImage(0, 0, m_picture);
+}
+
+void ImageSurfaceWidget::resizeEvent(QResizeEvent*) { m_shown = QImage(); }
+
+void ImageSurfaceWidget::mousePressEvent(QMouseEvent* event)
+{
+    emit MouseDown(buttonValue(event->button()), shiftValue(event->modifiers()), float(event->position().x()),
+                   float(event->position().y()));
+}
+
+void ImageSurfaceWidget::mouseMoveEvent(QMouseEvent* event)
+{
+    emit MouseMove(buttonValue(event->buttons()), shiftValue(event->modifiers()),
+                   float(event->position().x()), float(event->position().y()));
+}
+
+void ImageSurfaceWidget::mouseReleaseEvent(QMouseEvent* event)
+{
+    emit MouseUp(buttonValue(event->button()), shiftValue(event->modifiers()), float(event->position().x()),
+                 float(event->position().y()));
+}
+
+} // namespace quillora::forms

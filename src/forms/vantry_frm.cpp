@@ -1,0 +1,200 @@
+#include "forms/vantry_frm.h"
+
+#include "base/rounding.h"
+#include "forms/countdown_picture.h"
+#include "forms/cursor_file.h"
+#include "forms/image_surface_widget.h"
+#include "forms/look.h"
+#include "forms/main_toolbar.h"
+#include "forms/notes_panel.h"
+#include "forms/presenter_keys.h"
+#include "forms/slide_panel_widget.h"
+#include "forms/stage_frame.h"
+#include "forms/stage_widget.h"
+#include "forms/status_bar.h"
+#include "forms/x11_window_hints.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QFile>
+#include <QPainter>
+#include <QScreen>
+#include <QWindow>
+
+namespace quillora::forms {
+
+namespace {
+
+constexpr QSize kFormSize{1020, 546};
+constexpr int kStatusBarHeight = 30;
+constexpr int kToolbarHeight = 38;
+constexpr int kGap = 8;
+constexpr base::Twips kStageLeft{3960};
+constexpr base::Twips kStageTop{650};
+constexpr base::Twips kTaskPaneWidth{3885};
+
+void setPointer(QWidget& widget, const std::filesystem::path& cursor)
+{
+    if (cursor.empty())
+        widget.unsetCursor();
+    else
+        widget.setCursor(readCursor(cursor));
+}
+
+QString partsStyle()
+{
+    QFile file(QStringLiteral(":/quillora/vantry_frm.qss"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+} // namespace
+
+Vantry_frm::Vantry_frm()
+{
+    setObjectName("Vantry_frm");
+    setAccessibleName(tr("Quillora Recorder"));
+    setStyleSheet(partsStyle());
+    placeParts();
+    forwardEvents();
+    m_stage->setFocus();
+}
+
+Vantry_frm::~Vantry_frm() = default;
+
+void Vantry_frm::placeParts()
+{
+    setFixedSize(kFormSize);
+    m_toolbar = new MainToolbar(this);
+    m_toolbar->setGeometry(0, 0, kFormSize.width(), kToolbarHeight);
+
+    m_notesPanel = new NotesPanel(this);
+    m_countdown = new CountdownPicture(this);
+    m_stage = new StageWidget(this);
+    m_stage->move(pixels(kStageLeft), pixels(kStageTop));
+    m_notesPanel->setGeometry(kGap, m_stage->y(), pixels(kTaskPaneWidth) - kGap, m_stage->height());
+    new StageFrame(*m_stage, this);
+    // The countdown's place reaches a pixel into the stage; the stage's pixels are the lecture's own.
+    m_stage->raise();
+
+    m_statusBar = new StatusBar(this);
+    m_statusBar->setGeometry(0, kFormSize.height() - kStatusBarHeight, kFormSize.width(), kStatusBarHeight);
+}
+
+void Vantry_frm::forwardEvents()
+{
+    connect(m_toolbar, &MainToolbar::ButtonClick, this, &Vantry_frm::main_TB_ButtonClick);
+    connect(m_notesPanel, &NotesPanel::navigation_TB_ButtonClick, this,
+            &Vantry_frm::navigation_TB_ButtonClick);
+    connect(m_notesPanel, &NotesPanel::Command10_Click, this, &Vantry_frm::Command10_Click);
+    connect(m_stage, &StageWidget::Image1_Click, this, &Vantry_frm::Image1_Click);
+
+    auto* keys = new PresenterKeys(this);
+    connect(keys, &PresenterKeys::navigate, this, &Vantry_frm::navigation_TB_ButtonClick);
+    connect(keys, &PresenterKeys::open, this, [this] { emit main_TB_ButtonClick("open"); });
+
+    auto& slide = m_stage->slide_img();
+    connect(&slide, &ImageSurfaceWidget::MouseDown, this, &Vantry_frm::slide_img_MouseDown);
+    connect(&slide, &ImageSurfaceWidget::MouseMove, this, &Vantry_frm::slide_img_MouseMove);
+    connect(&slide, &ImageSurfaceWidget::MouseUp, this, &Vantry_frm::slide_img_MouseUp);
+}
+
+deck::ImageSurface& Vantry_frm::slide_img() { return m_stage->slide_img(); }
+
+deck::SlidePanel& Vantry_frm::slide_img_back() { return m_stage->slide_img_back(); }
+
+deck::ImageSurface& Vantry_frm::slide_img_N() { return m_notesPanel->slide_img_N(); }
+
+void Vantry_frm::center_form()
+{
+    const QRect screenArea = screen()->geometry();
+    const QSize whole = frameGeometry().size();
+    move(screenArea.x() + (screenArea.width() - whole.width()) / 2,
+         screenArea.y() + (screenArea.height() - whole.height()) / 2);
+}
+
+void Vantry_frm::setCaption(const std::string& text) { setWindowTitle(QString::fromStdString(text)); }
+
+void Vantry_frm::setStatusPanel(int panel, const std::string& text) { m_statusBar->setPanel(panel, text); }
+
+std::string Vantry_frm::statusPanel(int panel) const { return m_statusBar->panel(panel); }
+
+void Vantry_frm::setButtonVisible(std::string_view key, bool visible)
+{
+    m_toolbar->setButtonVisible(key, visible);
+}
+
+void Vantry_frm::setCountdownVisible(bool visible) { m_countdown->setVisible(visible); }
+
+void Vantry_frm::setCountdownPicture(const std::filesystem::path& picture)
+{
+    m_countdown->setPicture(picture);
+}
+
+void Vantry_frm::setChangeBackVisible(bool visible) { m_stage->setChangeBackVisible(visible); }
+
+void Vantry_frm::setMousePointer(const std::filesystem::path& cursor) { setPointer(*this, cursor); }
+
+void Vantry_frm::setStagePointer(const std::filesystem::path& cursor) { setPointer(*m_stage, cursor); }
+
+void Vantry_frm::SetTopMost(bool flag)
+{
+    if (windowHandle() != nullptr)
+        x11::setAbove(*windowHandle(), flag);
+}
+
+bool Vantry_frm::hasMinimizeBox() const { return m_hasMinimizeBox; }
+
+void Vantry_frm::setHasMinimizeBox(bool present)
+{
+    m_hasMinimizeBox = present;
+    applyWindowFunctions();
+}
+
+void Vantry_frm::setMoveLocked(bool locked)
+{
+    m_moveLocked = locked;
+    applyWindowFunctions();
+}
+
+void Vantry_frm::applyWindowFunctions()
+{
+    if (windowHandle() != nullptr)
+        x11::setFunctions(*windowHandle(),
+                          m_hasMinimizeBox ? x11::MinimizeBox::present : x11::MinimizeBox::absent,
+                          m_moveLocked ? x11::Move::locked : x11::Move::allowed);
+}
+
+capture::PixelRectangle Vantry_frm::stageRectangle() const
+{
+    const double ratio = devicePixelRatioF();
+    const auto physical = [ratio](int length) { return base::roundToInt(length * ratio); };
+    const auto origin = windowHandle() != nullptr ? x11::originOnScreen(*windowHandle()) : std::nullopt;
+    const QPoint corner = origin.value_or(mapToGlobal(QPoint()) * ratio);
+    return {corner.x() + physical(m_stage->x()), corner.y() + physical(m_stage->y()),
+            physical(m_stage->width()), physical(m_stage->height())};
+}
+
+void Vantry_frm::processPendingEvents() { QCoreApplication::processEvents(); }
+
+void Vantry_frm::closeEvent(QCloseEvent* event)
+{
+    // The stop that closing may begin shows a dialog; closing again meanwhile must not begin it anew.
+    if (m_closing == Closing::running) {
+        event->ignore();
+        return;
+    }
+    if (m_closing == Closing::no) {
+        m_closing = Closing::running;
+        emit Form_Unload();
+        m_closing = Closing::done;
+    }
+    event->accept();
+}
+
+void Vantry_frm::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), colours::kGround);
+}
+
+} // namespace quillora::forms

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "session/main_window.h"
+
+#include <QWidget>
+
+#include <filesystem>
+#include <string>
+
+namespace quillora::deck {
+class ImageSurface;
+class SlidePanel;
+} // namespace quillora::deck
+
+namespace quillora::forms {
+
+class CountdownPicture;
+class MainToolbar;
+class NotesPanel;
+class StageWidget;
+class StatusBar;
+
+/// The main form. It owns the window's parts, puts them in their places, forwards what the presenter does as
+/// one signal each, and shows what it is told to. It decides nothing. Signals carry the names of the events
+/// that they stand for; all run on the one thread of forms and logic.
+class Vantry_frm : public QWidget, public session::MainWindow {
+    Q_OBJECT
+
+  public:
+    Vantry_frm();
+    ~Vantry_frm() override;
+
+    /// The slide on the stage.
+    deck::ImageSurface& slide_img();
+    /// The panel that gives the slide its place.
+    deck::SlidePanel& slide_img_back();
+    /// The preview of the next slide.
+    deck::ImageSurface& slide_img_N();
+
+    void center_form() override;
+    void setCaption(const std::string& text) override;
+    void setStatusPanel(int panel, const std::string& text) override;
+    std::string statusPanel(int panel) const override;
+    void setButtonVisible(std::string_view key, bool visible) override;
+    void setCountdownVisible(bool visible) override;
+    void setCountdownPicture(const std::filesystem::path& picture) override;
+    void setChangeBackVisible(bool visible) override;
+    void setMousePointer(const std::filesystem::path& cursor) override;
+    void setStagePointer(const std::filesystem::path& cursor) override;
+    void SetTopMost(bool flag) override;
+    bool hasMinimizeBox() const override;
+    void setHasMinimizeBox(bool present) override;
+    void setMoveLocked(bool locked) override;
+    capture::PixelRectangle stageRectangle() const override;
+    void processPendingEvents() override;
+
+  signals:
+    /// With the button's key, such as "record". Ctrl+O comes as "open".
+    void main_TB_ButtonClick(const std::string& key);
+    /// "first", "pre", "next" or "last", from the buttons and from the presenter's keys.
+    void navigation_TB_ButtonClick(const std::string& key);
+    void Command10_Click();
+    /// The place to click in the start picture.
+    void Image1_Click();
+    /// @p button: 1 left, 2 right; @p shift: 1 Shift, 2 Ctrl; position in pixels of the slide.
+    void slide_img_MouseDown(int button, int shift, float x, float y);
+    void slide_img_MouseMove(int button, int shift, float x, float y);
+    void slide_img_MouseUp(int button, int shift, float x, float y);
+    /// The presenter closes the window: sent once, and the window is closed when all receivers have returned.
+    void Form_Unload();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    enum class Closing { no, running, done };
+
+    void placeParts();
+    void forwardEvents();
+    void applyWindowFunctions();
+
+    MainToolbar* m_toolbar;
+    NotesPanel* m_notesPanel;
+    StageWidget* m_stage;
+    CountdownPicture* m_countdown;
+    StatusBar* m_statusBar;
+    bool m_hasMinimizeBox = true;
+    bool m_moveLocked = false;
+    Closing m_closing = Closing::no;
+};
+
+} // namespace quillora::forms
