@@ -12,7 +12,7 @@
 #include "forms/stage_frame.h"
 #include "forms/stage_widget.h"
 #include "forms/status_bar.h"
-#include "forms/x11_window_hints.h"
+#include "forms/window_hints.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -49,7 +49,7 @@ QString partsStyle()
 
 } // namespace
 
-Vantry_frm::Vantry_frm()
+Vantry_frm::Vantry_frm(WindowHints& hints) : m_hints(hints)
 {
     setObjectName("Vantry_frm");
     setAccessibleName(tr("Quillora Recorder"));
@@ -139,7 +139,7 @@ void Vantry_frm::setStagePointer(const std::filesystem::path& cursor) { setPoint
 void Vantry_frm::SetTopMost(bool flag)
 {
     if (windowHandle() != nullptr)
-        x11::setAbove(*windowHandle(), flag);
+        m_hints.setStacking(*windowHandle(), flag ? Stacking::above : Stacking::ordinary);
 }
 
 bool Vantry_frm::hasMinimizeBox() const { return m_hasMinimizeBox; }
@@ -159,16 +159,15 @@ void Vantry_frm::setMoveLocked(bool locked)
 void Vantry_frm::applyWindowFunctions()
 {
     if (windowHandle() != nullptr)
-        x11::setFunctions(*windowHandle(),
-                          m_hasMinimizeBox ? x11::MinimizeBox::present : x11::MinimizeBox::absent,
-                          m_moveLocked ? x11::Move::locked : x11::Move::allowed);
+        m_hints.setFunctions(*windowHandle(), m_hasMinimizeBox ? MinimizeBox::present : MinimizeBox::absent,
+                             m_moveLocked ? Move::locked : Move::allowed);
 }
 
 capture::PixelRectangle Vantry_frm::stageRectangle() const
 {
     const double ratio = devicePixelRatioF();
     const auto physical = [ratio](int length) { return base::roundToInt(length * ratio); };
-    const auto origin = windowHandle() != nullptr ? x11::originOnScreen(*windowHandle()) : std::nullopt;
+    const auto origin = windowHandle() != nullptr ? m_hints.originOnScreen(*windowHandle()) : std::nullopt;
     const QPoint corner = origin.value_or(mapToGlobal(QPoint()) * ratio);
     return {corner.x() + physical(m_stage->x()), corner.y() + physical(m_stage->y()),
             physical(m_stage->width()), physical(m_stage->height())};

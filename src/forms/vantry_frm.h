@@ -19,6 +19,7 @@ class MainToolbar;
 class NotesPanel;
 class StageWidget;
 class StatusBar;
+class WindowHints;
 
 /// The main form. It owns the window's parts, puts them in their places, forwards what the presenter does as
 /// one signal each, and shows what it is told to. It decides nothing. Signals carry the names of the events
@@ -27,7 +28,8 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     Q_OBJECT
 
   public:
-    Vantry_frm();
+    /// @p hints must outlive the form.
+    explicit Vantry_frm(WindowHints& hints);
     ~Vantry_frm() override;
 
     /// The slide on the stage.
@@ -80,6 +82,7 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     void forwardEvents();
     void applyWindowFunctions();
 
+    WindowHints& m_hints;
     MainToolbar* m_toolbar;
     NotesPanel* m_notesPanel;
     StageWidget* m_stage;

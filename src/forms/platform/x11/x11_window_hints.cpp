@@ -1,4 +1,4 @@
-#include "forms/x11_window_hints.h"
+#include "forms/platform/x11/x11_window_hints.h"
 
 #include <QGuiApplication>
 #include <QWindow>
@@ -12,7 +12,7 @@
 #include <memory>
 #include <string_view>
 
-namespace quillora::forms::x11 {
+namespace quillora::forms {
 
 namespace {
 
@@ -72,7 +72,7 @@ MotifHints readMotifHints(xcb_connection_t* display, xcb_window_t window, xcb_at
 
 } // namespace
 
-void setAbove(QWindow& window, bool above)
+void X11WindowHints::setStacking(QWindow& window, Stacking stacking)
 {
     xcb_connection_t* display = connection();
     if (display == nullptr)
@@ -86,7 +86,7 @@ void setAbove(QWindow& window, bool above)
     constexpr std::uint32_t kRemove = 0;
     constexpr std::uint32_t kAdd = 1;
     constexpr std::uint32_t kFromApplication = 1;
-    message.data.data32[0] = above ? kAdd : kRemove;
+    message.data.data32[0] = stacking == Stacking::above ? kAdd : kRemove;
     message.data.data32[1] = atom(display, "_NET_WM_STATE_ABOVE");
     message.data.data32[3] = kFromApplication;
     xcb_send_event(display, 0, rootOf(display, id),
@@ -95,7 +95,7 @@ void setAbove(QWindow& window, bool above)
     xcb_flush(display);
 }
 
-void setFunctions(QWindow& window, MinimizeBox minimizeBox, Move move)
+void X11WindowHints::setFunctions(QWindow& window, MinimizeBox minimizeBox, Move move)
 {
     xcb_connection_t* display = connection();
     if (display == nullptr)
@@ -114,7 +114,7 @@ void setFunctions(QWindow& window, MinimizeBox minimizeBox, Move move)
     xcb_flush(display);
 }
 
-std::optional<QPoint> originOnScreen(QWindow& window)
+std::optional<QPoint> X11WindowHints::originOnScreen(QWindow& window)
 {
     xcb_connection_t* display = connection();
     if (display == nullptr)
@@ -128,4 +128,4 @@ std::optional<QPoint> originOnScreen(QWindow& window)
     return QPoint(reply->dst_x, reply->dst_y);
 }
 
-} // namespace quillora::forms::x11
+} // namespace quillora::forms
