@@ -1,0 +1,237 @@
+"""Judges a saved lecture from outside: the container, the index, every frame of the video, its sound."""
+import dataclasses
+
+import numpy
+from PIL import Image
+
+from container import Container, Streams, frame_times
+from processes import Failure, run_to_end
+from speech import read_wave
+
+OUTPUT_SIZE = (746, 420)
+RATE = 24
+# The index knows whole seconds, so a slide shows within the second that its entry names, or what it takes to paint
+# it later.
+APPEARS_WITHIN = 1.5
+# A slide picture in the container has 560 by 420 pixels; what is left of its text on the way up to the video's
+# size and through the encoder is far nearer to the right slide than to any other. Decibels of luma.
+MATCH_FLOOR = 17.0
+MATCH_FLOOR_SHARP = 28.0
+TWINS = 0.3
+SOUND_RATE = 8000
+
+
+@dataclasses.dataclass
+class Verdict:
+    """Lines to print, and what is wrong."""
+    lines: list = dataclasses.field(default_factory=list)
+    faults: list = dataclasses.field(default_factory=list)
+
+    def say(self, line):
+        self.lines.append(line)
+
+    def require(self, holds, fault):
+        if not holds:
+            self.faults.append(fault)
+
+
+def judge(path, notes, folder, sharp_pictures=None, speech=None):
+    """Judges the container at `path` against the presenter's notes.
+
+    `sharp_pictures` gives the slides as the stage showed them, by number; without it the container's own pictures
+    serve. `speech` is the sound file that was spoken all the while. A broken format raises a Failure.
+    """
+    verdict = Verdict()
+    container = Container(path, folder)
+    _judge_entries(verdict, path, container, notes)
+    _judge_index(verdict, container, notes)
+    _judge_streams(verdict, container, notes)
+    if container.pictures:
+        _judge_slides(verdict, container, sharp_pictures)
+    if speech:
+        _judge_sound(verdict, container, notes, speech)
+    return verdict
+
+
+def _judge_entries(verdict, path, container, notes):
+    verdict.say(f"Container {path} ({path.stat().st_size} bytes)")
+    for entry in container.entries:
+        verdict.say(f"  {entry.filename:<16} {entry.file_size:>9} bytes")
+    verdict.require(len(container.pictures) == notes.slides,
+                    f"{len(container.pictures)} slide pictures of a deck of {notes.slides}")
+
+
+def _judge_index(verdict, container, notes):
+    verdict.say("Index (slide at second; pressed at)")
+    expected = [(0.0, 1)] + notes.moves
+    for number, (slide, second) in enumerate(container.index):
+        pressed = f"{expected[number][0]:6.2f}" if number < len(expected) else "never"
+        verdict.say(f"  slide {slide:<3} at {second:>3}   {pressed}")
+    verdict.require([slide for slide, _ in container.index] == [slide for _, slide in expected],
+                    f"the index names the slides {[slide for slide, _ in container.index]}, shown were "
+                    f"{[slide for _, slide in expected]}")
+    for (slide, second), (pressed, _) in zip(container.index, expected):
+        verdict.require(-1.5 <= second - pressed <= 1.5,
+                        f"slide {slide} is at {second} s in the index and was asked for at {pressed:.2f} s")
+
+
+def _judge_streams(verdict, container, notes):
+    streams = Streams(container.video)
+    times = frame_times(container.video)
+    recorded = notes.recorded()
+    expected = streams.duration * RATE
+    verdict.say(f"Video {container.video.name}: {streams.format}, {streams.video['codec_name']} "
+                f"{streams.size[0]}x{streams.size[1]} at {streams.rate:g} frames a second, "
+                f"{streams.sound['codec_name']} {streams.sound['sample_rate']} Hz; {streams.duration:.2f} s, "
+                f"{len(times)} frames")
+    verdict.require(streams.format == "asf" and streams.video["codec_name"] == "wmv2"
+                    and streams.sound["codec_name"] == "wmav2", "the video is not WMV2 and WMA2 in ASF")
+    verdict.require(streams.size == OUTPUT_SIZE, f"the video has {streams.size} pixels, not {OUTPUT_SIZE}")
+    verdict.require(abs(streams.rate - RATE) < 0.01, f"the frame rate is {streams.rate}")
+    verdict.require(abs(streams.duration - recorded) <= 1.0,
+                    f"{streams.duration:.2f} s of video for {recorded:.2f} s between start and stop without pauses")
+    verdict.require(abs(len(times) - expected) <= 2, f"{len(times)} frames in {streams.duration:.2f} s")
+    steps = numpy.diff(times)
+    verdict.require(len(steps) and abs(steps - 1 / RATE).max() < 0.003,
+                    f"the frames are {steps.min():.3f} to {steps.max():.3f} s apart" if len(steps) else "no frames")
+
+
+def _judge_slides(verdict, container, sharp_pictures):
+    """Finds, for each entry of the index, its slide in the video, and sees that no other stands there until the
+    next entry."""
+    pictures = sharp_pictures or container.pictures
+    floor = MATCH_FLOOR_SHARP if sharp_pictures else MATCH_FLOOR
+    slides = {number: _luma_of_picture(path) for number, path in pictures.items()}
+    frames = _Frames(container.video)
+    verdict.say("Slides in the video (luma against the slide's picture"
+                f"{'' if sharp_pictures else ' in the container'})")
+    for position, (slide, second) in enumerate(container.index):
+        later = [next_second for _, next_second in container.index[position + 1:]]
+        end = later[0] if later else frames.duration
+        if slide not in slides:
+            verdict.require(False, f"the index names slide {slide}, of which there is no picture")
+            continue
+        if later and later[0] == second:
+            verdict.say(f"  slide {slide:<3} at {second:>3}   followed by another within the same second")
+            continue
+        found = _find(frames, slides, slide, second, min(second + APPEARS_WITHIN, frames.duration), floor)
+        if found is None:
+            seen = _best(frames.at(second + 1.0), slides)
+            verdict.require(False, f"slide {slide} does not show within {APPEARS_WITHIN} s of second {second}; "
+                                   f"slide {seen[0]} does, at {seen[1]:.1f} dB")
+            continue
+        at, _, _ = found
+        settled = min(at + 1.0, max(at, end - 0.2), frames.duration - 0.1)
+        level = _psnr(frames.at(settled), slides[slide])
+        others = [_psnr(frames.at(settled), picture) for number, picture in slides.items() if number != slide]
+        verdict.say(f"  slide {slide:<3} at {second:>3}   shows from {at:6.2f} s: {level:.1f} dB, similarity "
+                    f"{_similarity(frames.at(settled), slides[slide]):.3f}"
+                    + (f"; the nearest other slide {max(others):.1f} dB" if others else ""))
+        for moment in numpy.arange(at, end - 0.1, 0.5):
+            number, best = _best(frames.at(moment), slides)
+            own = _psnr(frames.at(moment), slides[slide])
+            verdict.require(own >= floor and own >= best - TWINS,
+                            f"at {moment:.2f} s the video shows slide {number} ({best:.1f} dB), not slide {slide} "
+                            f"({own:.1f} dB)")
+
+
+def _find(frames, slides, slide, begin, end, floor):
+    """The first moment of [begin, end] at which the frame is that slide and no other."""
+    for moment in numpy.arange(begin, end, 1 / RATE):
+        own = _psnr(frames.at(moment), slides[slide])
+        number, best = _best(frames.at(moment), slides)
+        if own >= floor and own >= best - TWINS:
+            return moment, number, own
+    return None
+
+
+def _best(frame, slides):
+    return max(((number, _psnr(frame, picture)) for number, picture in slides.items()), key=lambda pair: pair[1])
+
+
+class _Frames:
+    """The luma of a video's frames, by time."""
+
+    def __init__(self, path):
+        width, height = OUTPUT_SIZE
+        raw = run_to_end(["ffmpeg", "-v", "error", "-i", str(path), "-an", "-vf", "extractplanes=y", "-fps_mode",
+                          "passthrough", "-f", "rawvideo", "-"], seconds=600)
+        self._frames = numpy.frombuffer(raw, dtype=numpy.uint8).reshape(-1, height, width)
+        self._times = numpy.array(frame_times(path)[:len(self._frames)])
+        self.duration = self._times[-1] + 1 / RATE
+
+    def at(self, moment):
+        index = numpy.searchsorted(self._times, moment + 1e-3, side="right") - 1
+        return self._frames[int(max(index, 0))]
+
+
+def _luma_of_picture(path):
+    """A picture as the video would hold it: stretched to its size, luma of ITU-R BT.601 in video range."""
+    with Image.open(path) as picture:
+        rgb = numpy.asarray(picture.convert("RGB").resize(OUTPUT_SIZE, Image.Resampling.BOX
+                            if picture.width > 2 * OUTPUT_SIZE[0] else Image.Resampling.BILINEAR), dtype=numpy.float32)
+    return (16 + rgb @ numpy.array([65.481, 128.553, 24.966], dtype=numpy.float32) / 255).astype(numpy.float32)
+
+
+def _psnr(frame, picture):
+    error = numpy.mean((frame.astype(numpy.float32) - picture) ** 2)
+    return 99.0 if error < 1e-6 else 10 * numpy.log10(255 ** 2 / error)
+
+
+def _similarity(frame, picture):
+    """Structural similarity (Wang et al., 2004) over windows of 8 by 8."""
+    def windows(image):
+        height, width = (size // 8 * 8 for size in image.shape)
+        return image[:height, :width].reshape(height // 8, 8, width // 8, 8).swapaxes(1, 2).reshape(-1, 64)
+    a, b = windows(frame.astype(numpy.float64)), windows(picture.astype(numpy.float64))
+    mean_a, mean_b = a.mean(1), b.mean(1)
+    covariance = ((a - mean_a[:, None]) * (b - mean_b[:, None])).mean(1)
+    c1, c2 = (0.01 * 255) ** 2, (0.03 * 255) ** 2
+    return float((((2 * mean_a * mean_b + c1) * (2 * covariance + c2))
+                  / ((mean_a ** 2 + mean_b ** 2 + c1) * (a.var(1) + b.var(1) + c2))).mean())
+
+
+def _judge_sound(verdict, container, notes, speech):
+    """The sound has to be the speech that was spoken, second by second, cut only where the presenter paused."""
+    sound = read_wave(container.video, SOUND_RATE)
+    spoken = read_wave(speech, SOUND_RATE)
+    seconds = len(sound) / SOUND_RATE
+    video = Streams(container.video).duration
+    levels = [float(numpy.sqrt(numpy.mean(part ** 2)))
+              for part in numpy.array_split(sound, max(1, int(seconds))) if len(part)]
+    offsets = [_place_in_speech(sound[at * SOUND_RATE:(at + 1) * SOUND_RATE], spoken)
+               for at in range(int(seconds))]
+    verdict.require(abs(seconds - video) <= 0.3, f"{seconds:.2f} s of sound for {video:.2f} s of video")
+    verdict.require(min(levels) > 0.01, f"the sound has a hole at second {int(numpy.argmin(levels))}")
+    # How far the speech was ahead of the recording: steady but for what each pause cuts out.
+    period = len(spoken) / SOUND_RATE
+    ahead = [(offset - at) % period for at, (offset, _) in enumerate(offsets)]
+    cuts = numpy.cumsum([end - begin for begin, end in notes.segments])[:-1]
+    jumps = []
+    for at in range(1, len(ahead)):
+        step = (ahead[at] - ahead[at - 1] + period / 2) % period - period / 2
+        if abs(step) > 0.04:
+            jumps.append((at, step))
+            verdict.require(any(abs(at - cut) <= 2.5 for cut in cuts),
+                            f"the sound jumps by {step:.3f} s at second {at}")
+    pauses = [later[0] - earlier[1] for earlier, later in zip(notes.segments, notes.segments[1:])]
+    left_out = (ahead[-1] - ahead[0]) % period
+    verdict.require(abs((left_out - sum(pauses) + period / 2) % period - period / 2) <= 1.0,
+                    f"{left_out:.2f} s of speech are missing for {sum(pauses):.2f} s of pauses")
+    alike = sorted(alike for _, alike in offsets)
+    verdict.require(alike[len(alike) // 10] > 0.5, f"the sound is not the speech (likeness {alike[0]:.2f})")
+    verdict.say(f"Sound: {seconds:.2f} s, level {min(levels):.3f} to {max(levels):.3f}; the speech second by second "
+                f"(likeness {alike[0]:.2f} and more), left out {left_out:.2f} s for {sum(pauses):.2f} s of pauses")
+
+
+def _place_in_speech(part, spoken):
+    """Where in the speech, which is spoken over and over, a second of sound comes from, in seconds; and how alike
+    the two are, from 0 to 1. By circular cross-correlation, normalised to the energy of what is compared."""
+    size = len(spoken)
+    spectrum = numpy.fft.rfft(spoken) * numpy.conj(numpy.fft.rfft(part, size))
+    likeness = numpy.fft.irfft(spectrum, size)
+    energy = numpy.cumsum(numpy.concatenate([[0], numpy.concatenate([spoken, spoken[:len(part)]]) ** 2]))
+    window = energy[len(part):len(part) + size] - energy[:size]
+    likeness = likeness / numpy.sqrt(numpy.maximum(window, 1e-9) * max(float(numpy.sum(part ** 2)), 1e-9))
+    place = int(numpy.argmax(likeness))
+    return place / SOUND_RATE, float(likeness[place])

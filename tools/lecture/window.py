@@ -1,0 +1,211 @@
+"""The recorder's window, driven from outside: found by accessible names, pressed by a real pointer and keyboard."""
+import os
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402  pylint: disable=wrong-import-position
+
+from processes import Failure, run_to_end, wait_until  # noqa: E402  pylint: disable=wrong-import-position
+
+DIALOG_ROLES = ("dialog", "alert", "file chooser")
+FILE_NAME_FIELD = "File name:"
+
+
+class Window:
+    """The windows of one recorder. Waits have limits; what does not come is a Failure that names it."""
+
+    def __init__(self, desktop, process):
+        self._desktop = desktop
+        self._process = process
+        self._application = None
+
+    def appear(self, seconds=60):
+        """Waits for the main window."""
+        def main_window():
+            if self._process.poll() is not None:
+                raise Failure(f"the recorder ended at its start ({self._process.returncode}): {self.output()}")
+            return self._find_application() and self._top_windows()
+        wait_until(main_window, seconds, "the recorder's window")
+
+    def output(self):
+        """The end of what the program printed."""
+        return self._desktop.log("recorder").read_text(errors="replace")[-800:]
+
+    def running(self):
+        return self._process.poll() is None
+
+    def press(self, name, roles=None, within=None):
+        """Clicks the control of that accessible name with the pointer."""
+        control = wait_until(lambda: self.find(name, roles, within), 20, f'the control "{name}"')
+        self._click(control)
+
+    def shows(self, name):
+        """Whether a control of that name can be seen."""
+        return self.find(name) is not None
+
+    def find(self, name, roles=None, within=None):
+        for control in self._showing(within):
+            if _ask(control.get_name) == name and (roles is None or _role(control) in roles):
+                return control
+        return None
+
+    def status(self, subject):
+        """What the panel of the status bar about that subject shows; None while the program is too busy to say."""
+        for control in self._showing(self.main_window()):
+            if _role(control) == "label" and _ask(control.get_description) == subject:
+                return _ask(control.get_name)
+        return None
+
+    def main_window(self):
+        """The one top window that is no dialog."""
+        for window in self._top_windows():
+            if _role(window) not in DIALOG_ROLES:
+                return window
+        raise Failure("the recorder shows no main window")
+
+    def dialog(self):
+        """The dialog on top, or None."""
+        for window in self._top_windows():
+            if _role(window) in DIALOG_ROLES:
+                return window
+        return None
+
+    def expect_file_dialog(self, title, seconds=30):
+        return wait_until(lambda: self._dialog_with(lambda dialog: _ask(dialog.get_name) == title
+                                                    and self._file_name_field(dialog) is not None),
+                          seconds, f'the dialog "{title}"')
+
+    def expect_box(self, text, seconds=30):
+        """Waits for the message box with that text."""
+        return wait_until(lambda: self._dialog_with(lambda dialog: text in self.box_text(dialog)), seconds,
+                          f'the box "{text}"')
+
+    def box_text(self, dialog):
+        """What a message box says, its lines joined by blanks."""
+        words = [_ask(control.get_name) for control in self._showing(dialog) if _role(control) == "label"]
+        return " ".join(" ".join(words).split())
+
+    def enter_file_name(self, dialog, path):
+        """Writes a path into a file dialog: with the keyboard where its letters are on one, else as a paste."""
+        field = self._file_name_field(dialog)
+        self._click(field)
+        if path.isascii() and len(path) < 120:
+            self.keys("ctrl+a")
+            self._xdotool("type", "--delay", "4", "--", path)
+        else:
+            field.get_editable_text_iface().set_text_contents(path)
+        wait_until(lambda: self._text(field) == path, 20, f'"{path}" in the file dialog (it shows '
+                   f'"{self._text(field)}")')
+
+    def choose_filter(self, dialog, label):
+        """Chooses the file type whose label contains `label`."""
+        boxes = [control for control in self._showing(dialog) if _role(control) == "combo box"]
+        for box in boxes:
+            items = [item for item in self._walk(box) if _role(item) in ("list item", "menu item")]
+            for index, item in enumerate(items):
+                if label in (_ask(item.get_name) or ""):
+                    _ask(lambda box=box: box.grab_focus()) or _ask(box.get_component_iface().grab_focus)
+                    self.keys("Home", *["Down"] * index)
+                    wait_until(lambda box=box: label in (_ask(box.get_name) or ""), 10,
+                               f'the file type "{label}"')
+                    return
+        raise Failure(f'the dialog has no file type "{label}"')
+
+    def keys(self, *names):
+        self._xdotool("key", "--delay", "20", *names)
+
+    def close(self):
+        """Closes the main window as a presenter does who knows the window manager's key."""
+        left, top, width, _ = self.area()
+        self._xdotool("mousemove", str(left + width // 2), str(top - 8), "click", "1")
+        self.keys("alt+F4")
+
+    def area(self, control=None):
+        """Left, top, width, height of a control, or of the main window, on the display."""
+        extents = _ask(lambda: (control or self.main_window()).get_component_iface().get_extents(
+            Atspi.CoordType.SCREEN))
+        if extents is None:
+            raise Failure("a control has no place on the display")
+        return extents.x, extents.y, extents.width, extents.height
+
+    def _find_application(self):
+        if self._application is None:
+            # The library asks this process's own environment for the bus.
+            os.environ.update(self._desktop.environment)
+            Atspi.set_timeout(3000, 15000)
+            desktop = Atspi.get_desktop(0)
+            desktop.set_cache_mask(Atspi.Cache.NONE)
+            for index in range(_ask(desktop.get_child_count) or 0):
+                application = _ask(lambda index=index: desktop.get_child_at_index(index))
+                if application and _ask(application.get_process_id) == self._process.pid:
+                    application.set_cache_mask(Atspi.Cache.NONE)
+                    self._application = application
+        return self._application
+
+    def _top_windows(self):
+        application = self._application
+        windows = [_ask(lambda index=index: application.get_child_at_index(index))
+                   for index in range(_ask(application.get_child_count) or 0)]
+        return [window for window in windows if window and _is_showing(window)]
+
+    def _dialog_with(self, test):
+        for window in self._top_windows():
+            if _role(window) in DIALOG_ROLES and test(window):
+                return window
+        return None
+
+    def _file_name_field(self, dialog):
+        for control in self._showing(dialog):
+            if _role(control) == "text" and _ask(control.get_name) == FILE_NAME_FIELD:
+                return control
+        return None
+
+    def _showing(self, within=None):
+        """All controls that can be seen, in the dialog on top first."""
+        roots = [within] if within else sorted(self._top_windows(), key=lambda w: _role(w) not in DIALOG_ROLES)
+        for root in roots:
+            yield from self._walk(root, only_showing=True)
+
+    def _walk(self, root, only_showing=False):
+        waiting = [root]
+        while waiting:
+            control = waiting.pop(0)
+            yield control
+            # A file view can have thousands of rows, none of which is ever pressed here.
+            if _role(control) in ("list", "tree", "table", "tree table") and only_showing:
+                continue
+            for index in range(min(_ask(control.get_child_count) or 0, 200)):
+                child = _ask(lambda index=index, control=control: control.get_child_at_index(index))
+                if child and (not only_showing or _is_showing(child)):
+                    waiting.append(child)
+
+    def _text(self, field):
+        text = _ask(field.get_text_iface)
+        return _ask(lambda: Atspi.Text.get_text(text, 0, -1)) if text else None
+
+    def _click(self, control):
+        left, top, width, height = self.area(control)
+        self._xdotool("mousemove", str(left + width // 2), str(top + height // 2), "click", "1")
+
+    def _xdotool(self, *arguments):
+        return run_to_end(["xdotool", *arguments], seconds=30, env=self._desktop.environment)
+
+
+def _ask(question):
+    """Asks the program something; None where it is too busy to answer or the thing is gone."""
+    while GLib.MainContext.default().iteration(False):
+        pass
+    try:
+        return question()
+    except GLib.Error:
+        return None
+
+
+def _role(control):
+    return _ask(control.get_role_name)
+
+
+def _is_showing(control):
+    states = _ask(control.get_state_set)
+    return states is not None and states.contains(Atspi.StateType.SHOWING)
