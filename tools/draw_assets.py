@@ -10,7 +10,7 @@ import math
 import struct
 from pathlib import Path
 
-from PIL import Image, ImageDraw, ImageFont
+from PIL import Image, ImageChops, ImageDraw, ImageFont
 
 ASSETS = Path(__file__).resolve().parent.parent / "assets"
 FONT = "/usr/share/fonts/truetype/liberation/LiberationSans-{}.ttf"
@@ -40,15 +40,23 @@ def reduced(image, size):
 
 
 def save_animation(frames, path, frame_ms, loops):
-    """One palette for all frames, so that no colour flickers. A GIF has no soft edges: the frames are opaque,
-    on the ground of the window that they are shown in."""
+    """One palette for all frames, so that no colour flickers. A GIF has no soft edges: what is pure ground is
+    left out, and the edges blend into the ground of the window that the pictures are shown in."""
+    colours = 63
     strip = Image.new("RGB", (COUNTDOWN_SIDE, COUNTDOWN_SIDE * len(frames)))
     for row, frame in enumerate(frames):
         strip.paste(frame, (0, row * COUNTDOWN_SIDE))
-    palette = strip.quantize(64, method=Image.MEDIANCUT, dither=Image.NONE)
-    indexed = [frame.quantize(palette=palette, dither=Image.NONE) for frame in frames]
+    palette = strip.quantize(colours, method=Image.MEDIANCUT, dither=Image.NONE)
+    indexed = []
+    for frame in frames:
+        picture = frame.quantize(palette=palette, dither=Image.NONE)
+        ground = ImageChops.difference(frame, Image.new("RGB", frame.size, GROUND)).convert("L").point(
+            lambda distance: 255 if distance == 0 else 0)
+        picture.paste(colours, mask=ground)
+        indexed.append(picture)
     options = {} if loops == 1 else {"loop": 0}
-    indexed[0].save(path, save_all=True, append_images=indexed[1:], duration=frame_ms, optimize=False, **options)
+    indexed[0].save(path, save_all=True, append_images=indexed[1:], duration=frame_ms, optimize=False,
+                    transparency=colours, disposal=2, **options)
 
 
 def countdown_frame(digit, left):

@@ -14,8 +14,18 @@ CommandButton::CommandButton(Face face, const QString& iconName, const QString& 
     setText(caption);
     setAccessibleName(spokenName);
     setToolButtonStyle(face == Face::iconOnly ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+    setIconSize({20, 20});
     setAutoRaise(true);
     setFocusPolicy(Qt::TabFocus);
+}
+
+QSize CommandButton::sizeHint() const
+{
+    const QSize roomy = QToolButton::sizeHint();
+    if (toolButtonStyle() == Qt::ToolButtonIconOnly)
+        return roomy;
+    // The toolkit leaves a blank on each side of the caption, which a dozen buttons in a row can't afford.
+    return {roomy.width() - 2 * fontMetrics().horizontalAdvance(u' '), roomy.height()};
 }
 
 bool CommandButton::event(QEvent* event)

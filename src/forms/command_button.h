@@ -17,6 +17,8 @@ class CommandButton : public QToolButton {
     CommandButton(Face face, const QString& iconName, const QString& caption, const QString& spokenName,
                   QWidget* parent);
 
+    QSize sizeHint() const override;
+
   protected:
     bool event(QEvent* event) override;
 };

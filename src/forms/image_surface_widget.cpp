@@ -101,7 +101,7 @@ void ImageSurfaceWidget::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     if (m_picture.isNull()) {
-        painter.fillRect(rect(), Qt::white);
+        painter.fillRect(rect(), palette().window());
         return;
     }
     if (m_display == Display::fitted) {

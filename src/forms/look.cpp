@@ -33,8 +33,8 @@ QPalette lightPalette()
 QFont textFont()
 {
     QFont font;
-    font.setFamilies(
-        {QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans"), QStringLiteral("Sans Serif")});
+    font.setFamilies({QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans Condensed"),
+                      QStringLiteral("Sans Serif")});
     font.setPixelSize(14);
     return font;
 }

@@ -5,6 +5,7 @@
 #include "forms/navigation_toolbar.h"
 
 #include <QFrame>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -14,7 +15,7 @@ namespace quillora::forms {
 namespace {
 
 /// The ratio of 16:9 in which the preview is kept, in the width that the panel has.
-constexpr QSize kPreviewSize{230, 129};
+constexpr QSize kPreviewSize{231, 130};
 
 QLabel* makeLabel(const QString& text, const char* kind, QWidget* parent)
 {
@@ -30,13 +31,39 @@ QWidget* makePreviewFrame(ImageSurfaceWidget*& preview, QWidget* parent)
     frame->setProperty("kind", "preview");
     frame->setAccessibleName(QObject::tr("Preview"));
     auto* inside = new QVBoxLayout(frame);
-    inside->setContentsMargins(1, 1, 1, 1);
+    inside->setContentsMargins(0, 0, 0, 0);
     preview = new ImageSurfaceWidget(ImageSurfaceWidget::Display::fitted, frame);
     preview->setObjectName("slide_img_N");
     preview->setAccessibleName(QObject::tr("Next slide preview"));
     preview->setFixedSize(kPreviewSize);
     inside->addWidget(preview);
     return frame;
+}
+
+struct KeyHint {
+    const char* keys;
+    const char* meaning;
+};
+
+constexpr KeyHint kKeyHints[] = {
+    {"Page Down", "next slide"},
+    {"Page Up", "previous slide"},
+    {"Home, End", "first, last slide"},
+};
+
+QLayout* makeKeyHints(QWidget* parent)
+{
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(14);
+    grid->setVerticalSpacing(4);
+    grid->setColumnStretch(1, 1);
+    int row = 0;
+    for (const KeyHint& hint : kKeyHints) {
+        grid->addWidget(makeLabel(QObject::tr(hint.keys), "key", parent), row, 0);
+        grid->addWidget(makeLabel(QObject::tr(hint.meaning), "caption", parent), row, 1);
+        ++row;
+    }
+    return grid;
 }
 
 } // namespace
@@ -48,7 +75,7 @@ NotesPanel::NotesPanel(QWidget* parent) : QWidget(parent)
     setAttribute(Qt::WA_StyledBackground);
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(8, 10, 8, 12);
+    column->setContentsMargins(9, 11, 9, 13);
     column->setSpacing(8);
     column->addWidget(makeLabel(tr("Slides"), "heading", this));
     column->addSpacing(2);
@@ -76,6 +103,7 @@ NotesPanel::NotesPanel(QWidget* parent) : QWidget(parent)
     eraseRow->addStretch();
     column->addWidget(eraseBox);
     column->addStretch();
+    column->addLayout(makeKeyHints(this));
 }
 
 } // namespace quillora::forms

@@ -1,5 +1,6 @@
 #include "forms/status_bar.h"
 
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 
@@ -28,6 +29,14 @@ void showText(QLabel& label, const QString& text)
     label.setAccessibleName(text.isEmpty() ? label.accessibleDescription() : text);
 }
 
+QWidget* makeSeparator(QWidget* parent)
+{
+    auto* line = new QFrame(parent);
+    line->setProperty("separator", true);
+    line->setFixedSize(1, 16);
+    return line;
+}
+
 } // namespace
 
 StatusBar::StatusBar(QWidget* parent) : QWidget(parent)
@@ -37,19 +46,25 @@ StatusBar::StatusBar(QWidget* parent) : QWidget(parent)
     setAttribute(Qt::WA_StyledBackground);
 
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
+    row->setContentsMargins(0, 1, 0, 0);
     row->setSpacing(0);
     for (int i = 0; i < kPanels; ++i) {
+        if (i > 0)
+            row->addWidget(makeSeparator(this));
         auto* label = new QLabel(this);
         label->setObjectName(QStringLiteral("StatusBar1_%1").arg(i + 1));
         label->setTextFormat(Qt::PlainText);
         label->setAccessibleDescription(tr(kPanelTable[i].subject));
         label->setToolTip(tr(kPanelTable[i].subject));
         showText(*label, QString::fromUtf8(kPanelTable[i].storedText));
-        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
-        if (kPanelTable[i].width > 0)
+        if (kPanelTable[i].width > 0) {
             label->setFixedWidth(kPanelTable[i].width);
-        row->addWidget(label, kPanelTable[i].width > 0 ? 0 : 1);
+            row->addWidget(label);
+        } else {
+            // A long text must not push the other panels out of the window.
+            label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+            row->addWidget(label, 1);
+        }
         m_panels[std::size_t(i)] = label;
     }
 }

@@ -17,6 +17,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QFile>
+#include <QLabel>
 #include <QPainter>
 #include <QScreen>
 #include <QWindow>
@@ -75,6 +76,11 @@ void Vantry_frm::placeParts()
     new StageFrame(*m_stage, this);
     // The countdown's place reaches a pixel into the stage; the stage's pixels are the lecture's own.
     m_stage->raise();
+
+    auto* hint = new QLabel(tr("Only the stage above is recorded."), this);
+    hint->setObjectName("stage_hint");
+    hint->setAccessibleName(hint->text());
+    hint->move(m_stage->x(), m_stage->geometry().bottom() + 1 + kGap);
 
     m_statusBar = new StatusBar(this);
     m_statusBar->setGeometry(0, kFormSize.height() - kStatusBarHeight, kFormSize.width(), kStatusBarHeight);
