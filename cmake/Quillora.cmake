@@ -17,7 +17,7 @@ function(quillora_library name)
     target_include_directories(${target} INTERFACE ${PROJECT_SOURCE_DIR}/src)
   endif()
   if(ARG_TESTS AND BUILD_TESTING)
-    quillora_test(${target}_test SOURCES ${ARG_TESTS} DEPENDS ${target} ${ARG_DEPENDS} LABELS ${name})
+    quillora_test(${target}_test SOURCES ${ARG_TESTS} DEPENDS ${target} ${ARG_DEPENDS} quillora_test_support LABELS ${name})
   endif()
 endfunction()
 

@@ -1,0 +1,147 @@
+#include "tests/flows/lecture_world.h"
+
+namespace quillora::tests {
+namespace {
+
+using DeckFlow = LectureWorld;
+using Calls = std::vector<std::string>;
+
+TEST_F(DeckFlow, OpeningADeck_ShowsItsFirstSlide)
+{
+    openDeck(12);
+    EXPECT_EQ(slide_img.picture, "Slide1.PNG");
+    EXPECT_EQ(slide_img_N.picture, "Slide2.PNG");
+    EXPECT_TRUE(slide_img_back.visible);
+    EXPECT_EQ(window.panels[1], "Ready...");
+    EXPECT_EQ(window.panels[2], "Slide 1/12");
+    EXPECT_EQ(window.panels[6], "slides");
+    EXPECT_EQ(fields.ppt_txt, "ppt");
+}
+
+TEST_F(DeckFlow, OpeningADeck_GivesBothPointersBack)
+{
+    window.stagePointer = assets / "pen.cur";
+    openDeck();
+    EXPECT_EQ(window.pointer, "");
+    EXPECT_EQ(window.stagePointer, "");
+}
+
+TEST_F(DeckFlow, OpeningADeck_BringsTheSlidesBackOntoTheStage)
+{
+    fields.myMediaType = "web";
+    slide_img_back.visible = false;
+    openDeck();
+    EXPECT_EQ(fields.myMediaType, "slides");
+    EXPECT_TRUE(slide_img_back.visible);
+}
+
+TEST_F(DeckFlow, OpeningADeck_EndsAFullCameraAndNoOtherMode)
+{
+    for (const auto& [before, after] : {std::pair{"fullcam", "full"}, {"side", "side"}, {"mix", "mix"}}) {
+        fields.myWindowMode = before;
+        openDeck();
+        EXPECT_EQ(fields.myWindowMode, after);
+    }
+}
+
+TEST_F(DeckFlow, ASecondDeck_ReplacesTheFirstAsAWhole)
+{
+    openDeck(5);
+    turn("last");
+    openDeck(2);
+    EXPECT_EQ(fields.currentSlide, "1");
+    EXPECT_EQ(fields.slideStatus, "Slide 1/2");
+    EXPECT_EQ(namesIn(root), (Calls{"Preview", "Slide1.PNG", "Slide2.PNG", "slide1.jpg", "slide2.jpg"}));
+}
+
+TEST_F(DeckFlow, CancellingTheDialog_LeavesTheDeckAndItsFiles)
+{
+    openDeck(3);
+    turn("next");
+    const auto files = namesIn(root);
+    CommonDialog1.willBeCancelled();
+    press("open");
+    EXPECT_EQ(namesIn(root), files);
+    EXPECT_EQ(fields.slideStatus, "Slide 2/3");
+    EXPECT_EQ(fields.ppt_txt, "ppt");
+    EXPECT_EQ(slide_img.picture, "Slide2.PNG");
+}
+
+TEST_F(DeckFlow, CancellingTheFirstDialog_LeavesNoDeck)
+{
+    CommonDialog1.willBeCancelled();
+    press("open");
+    EXPECT_EQ(fields.ppt_txt, "no");
+    EXPECT_EQ(slide_img.picture, "PPT.png");
+}
+
+TEST_F(DeckFlow, WithoutAConverter_LeavesAnEmptyDeckAndAUsableProgram)
+{
+    converter.failing.names = {"createApplication"};
+    openDeck();
+    EXPECT_EQ(window.panels[2], "Slide 1/0");
+    EXPECT_EQ(slide_img.picture, "PPT.png");
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_EQ(window.pointer, "");
+    converter.failing.names.clear();
+    openDeck(2);
+    EXPECT_EQ(window.panels[2], "Slide 1/2");
+}
+
+TEST_F(DeckFlow, WithoutAConverter_KeepsTheOldPictureButNotItsFile)
+{
+    openDeck(3);
+    converter.failing.names = {"Open"};
+    openDeck();
+    EXPECT_EQ(slide_img.picture, "Slide1.PNG");
+    EXPECT_EQ(namesIn(root), Calls{"Preview"});
+}
+
+TEST_F(DeckFlow, AnEmptyDeck_LeavesNextAndPreWithoutEffect)
+{
+    openDeck(0);
+    EXPECT_EQ(fields.slideStatus, "Slide 1/0");
+    turn("next");
+    turn("pre");
+    EXPECT_EQ(fields.currentSlide, "1");
+    turn("last");
+    EXPECT_EQ(fields.currentSlide, "0");
+    turn("first");
+    EXPECT_EQ(fields.currentSlide, "1");
+}
+
+TEST_F(DeckFlow, OfMoreThanAHundredSlides_CanBeWalkedThrough)
+{
+    openDeck(120);
+    turn("last");
+    EXPECT_EQ(window.panels[2], "Slide 120/120");
+    EXPECT_EQ(slide_img.picture, "Slide120.PNG");
+}
+
+TEST_F(DeckFlow, ThePenLines_AreGoneAfterNextAndDoNotComeBack)
+{
+    openDeck(3);
+    pen.penMode = deck::SlidePen::kPen;
+    pen.slide_img_MouseDown(1, 0, 10, 10);
+    pen.slide_img_MouseMove(1, 0, 20, 20);
+    pen.slide_img_MouseUp(1, 0, 20, 20);
+    ASSERT_EQ(slide_img.lines.size(), 1U);
+    turn("next");
+    EXPECT_TRUE(slide_img.lines.empty());
+    turn("pre");
+    EXPECT_TRUE(slide_img.lines.empty());
+}
+
+TEST_F(DeckFlow, TheSizeOfThePanel_IsFollowedBothWaysWithoutANewImport)
+{
+    openDeck(3);
+    slide_img_back.width = base::Twips{8400};
+    viewer.LoadSlide();
+    EXPECT_EQ(std::pair(slide_img.width, slide_img.height), std::pair(560, 420));
+    slide_img_back.width = base::kStageWidth;
+    viewer.LoadSlide();
+    EXPECT_EQ(std::pair(slide_img.width, slide_img.height), std::pair(747, 420));
+}
+
+} // namespace
+} // namespace quillora::tests

@@ -1,0 +1,144 @@
+#pragma once
+
+#include "deck/deck_import.h"
+#include "deck/slide_pen.h"
+#include "deck/slide_viewer.h"
+#include "session/command_surface.h"
+#include "session/main_form.h"
+#include "stage/media_selection.h"
+#include "tests/support/fake_beeper.h"
+#include "tests/support/fake_capture_engine.h"
+#include "tests/support/fake_clock.h"
+#include "tests/support/fake_common_dialog.h"
+#include "tests/support/fake_file_copier.h"
+#include "tests/support/fake_image_surface.h"
+#include "tests/support/fake_main_window.h"
+#include "tests/support/fake_message_boxes.h"
+#include "tests/support/fake_microphone_setting.h"
+#include "tests/support/fake_presentation_converter.h"
+#include "tests/support/fake_sleeper.h"
+#include "tests/support/fake_slide_panel.h"
+#include "tests/support/fake_timer.h"
+#include "tests/support/fake_zip_writer.h"
+#include "tests/support/file_contents.h"
+#include "tests/support/names_in.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/working_directory.h"
+
+#include <gtest/gtest.h>
+
+namespace quillora::tests {
+
+/// A presenter's desk: the real logic, joined as the program joins it, on a disk of its own and with fakes
+/// for everything outside. The recorder has just come up, as on its first day on this machine.
+class LectureWorld : public testing::Test {
+  protected:
+    TemporaryFolder disk{};
+    session::UserFolders folders{.appData = disk.path() / "roaming", .localAppData = disk.path() / "local"};
+    std::filesystem::path root = folders.appData / "Quillora";
+    std::filesystem::path assets = made(disk.path() / "assets");
+    std::filesystem::path documents = made(disk.path() / "documents");
+    WorkingDirectory workingDirectory{assets};
+
+    CallLog log{};
+    FakeClock clock{};
+    FakeTimer Timer2{log, "Timer2"};
+    FakeTimer countDown_tmr2{log, "countDown_tmr2"};
+    FakeMainWindow window{log};
+    FakeMessageBoxes boxes{log};
+    FakeCommonDialog CommonDialog1{log};
+    FakeMicrophoneSetting mic_frm{log};
+    FakeBeeper beeper{log};
+    FakeCaptureEngineFactory engines{log};
+    FakeZipWriterFactory zip{log};
+    FakeSleeper sleeper{log};
+    FakeFileCopier copier{};
+    FakeImageSurface slide_img{log, "slide_img"};
+    FakeImageSurface slide_img_N{log, "slide_img_N"};
+    FakeSlidePanel slide_img_back{};
+    FakePresentationConverter converter{log};
+
+    session::SessionFields fields{};
+    capture::CaptureSettings settings{};
+    capture::RandomNames names{clock};
+    session::Workspace workspace{fields, folders};
+    session::SlideTimeIndex index{fields, workspace};
+    deck::SlideViewer viewer{
+        {fields, window, workspace, index, slide_img, slide_img_N, slide_img_back, assets}};
+    deck::SlidePen pen{slide_img};
+    deck::DeckImport deckImport{
+        {fields, window, CommonDialog1, boxes, workspace, converter, viewer, slide_img, assets}};
+    stage::MediaSelection media{{fields, window, viewer, slide_img_back}};
+    session::Packaging packaging{{fields, workspace, zip, sleeper, CommonDialog1, boxes, copier}};
+    session::Recorder recorder{{fields, window, engines, settings, names, clock, Timer2, folders, packaging}};
+    session::Countdown countdown{{window, clock, countDown_tmr2, beeper, recorder, assets}};
+    session::RecordingSession session{
+        {fields, window, boxes, mic_frm, engines, viewer, index, workspace, recorder, countdown, assets}};
+    session::OpenCommand open{{fields, window, deckImport, media}};
+    session::CommandSurface commands{open, session};
+    session::MainForm mainForm{{fields, window, viewer, workspace, session}};
+
+    LectureWorld()
+    {
+        for (const auto* asset :
+             {"5s.gif", "4s.gif", "3s.gif", "2s.gif", "1s.gif", "records.gif", "PPT.png", "WAIT02.CUR"})
+            writeFile(assets / asset, asset);
+        Timer2.handler = [this] { recorder.Timer2_Timer(); };
+        countDown_tmr2.handler = [this] { countdown.countDown_tmr2_Timer(); };
+        mainForm.Form_Load();
+    }
+
+    void press(std::string_view key) { commands.main_TB_ButtonClick(key); }
+    void turn(std::string_view key) { viewer.navigation_TB_ButtonClick(key); }
+
+    void openDeck(int slides = 3)
+    {
+        converter.slideCount = slides;
+        CommonDialog1.willChoose(documents / "deck.pptx");
+        press("open");
+    }
+
+    void secondsPass(int seconds)
+    {
+        for (int i = 0; i < seconds; ++i) {
+            clock.advance(std::chrono::seconds(1));
+            countDown_tmr2.tick();
+            Timer2.tick();
+        }
+    }
+
+    void startRecording()
+    {
+        press("record");
+        secondsPass(5);
+    }
+
+    void stopAndSave(const std::string& name = "lecture.asf", int filterIndex = 1)
+    {
+        CommonDialog1.willChoose(documents / name, filterIndex);
+        press("stop");
+    }
+
+    std::string indexFile() const { return readFile(root / "slidetime.xml"); }
+
+    static std::string indexOf(const std::string& entries)
+    {
+        return "<slides>\r\n<slide currentS=\"1\">\r\n<minutes>00:00:00</minutes>\r\n<seconds>0</seconds>\r\n"
+               "</slide>\r\n" +
+               entries + "</slides>\r\n";
+    }
+    static std::string entry(const std::string& slide, const std::string& time, const std::string& seconds)
+    {
+        return "<slide currentS=\"" + slide + "\">\r\n<minutes>" + time + "</minutes>\r\n<seconds>" +
+               seconds + "</seconds>\r\n</slide>\r\n";
+    }
+
+  private:
+    static std::filesystem::path made(const std::filesystem::path& folder)
+    {
+        std::filesystem::create_directories(folder);
+        return folder;
+    }
+};
+
+} // namespace quillora::tests
