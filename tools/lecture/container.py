@@ -1,4 +1,5 @@
 """Reads a saved container as a stranger would: an archive, an index, pictures, a video."""
+import fractions
 import json
 import re
 import zipfile
@@ -88,8 +89,7 @@ class Streams:
         self.video = self._only("video")
         self.sound = self._only("audio")
         self.size = (int(self.video["width"]), int(self.video["height"]))
-        frames, _, seconds = self.video["avg_frame_rate"].partition("/")
-        self.rate = int(frames) / (int(seconds) or 1)  # "0/0" where the frames come too unevenly to tell
+        self.rate = float(fractions.Fraction(self.video["avg_frame_rate"]))
 
     def _only(self, kind):
         streams = [stream for stream in self.all if stream["codec_type"] == kind]

@@ -57,11 +57,10 @@ def demonstrate(desktop, arguments):
         print("The deck gives no slides; the lecture is recorded with what stands on the stage.", flush=True)
     shots.take("deck")
     out.unlink(missing_ok=True)
-    print("Recording: the countdown, then about 30 s.", flush=True)
-    dialog = hold_lecture(presenter, shots.take)
+    hold_lecture(presenter, shots)
     print(f"Recorded {presenter.notes.recorded():.1f} s; saving.", flush=True)
     pictures = keep_pictures(desktop)
-    presenter.save(dialog, out)
+    presenter.save(presenter.save_dialog(), out)
     presenter.acknowledge(SAVED_BOX)
     shots.take("saved")
     exit_code = presenter.leave()
@@ -76,14 +75,14 @@ def demonstrate(desktop, arguments):
     return 0
 
 
-def hold_lecture(presenter, take_shot=lambda name: None):
-    """Half a minute: next, next, previous, a pause with a move in it, last, first; then Stop. Gives the save
-    dialog."""
+def hold_lecture(presenter, shots):
+    """Half a minute: next, next, previous, a pause with a move in it, last, first; then Stop."""
+    print("Recording: the countdown, then about 30 s.", flush=True)
     presenter.record()
     presenter.wait(4)
     presenter.move("next")
     presenter.wait(2)
-    take_shot("recording")
+    shots.take("recording")
     presenter.wait(2)
     presenter.move("next")
     presenter.wait(4)
@@ -92,7 +91,7 @@ def hold_lecture(presenter, take_shot=lambda name: None):
     presenter.pause()
     presenter.wait(1)
     presenter.move("next")
-    take_shot("paused")
+    shots.take("paused")
     presenter.wait(2)
     presenter.resume()
     presenter.wait(4)
@@ -100,7 +99,7 @@ def hold_lecture(presenter, take_shot=lambda name: None):
     presenter.wait(4)
     presenter.move("first")
     presenter.wait(4)
-    return presenter.stop()
+    presenter.stop()
 
 
 def keep_pictures(desktop):

@@ -1,10 +1,10 @@
-#include "base/pixel_rectangle.h"
+#include "capture/pixel_rectangle.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-using namespace quillora::base;
+using namespace quillora::capture;
 
 TEST(PixelRectangle, IntersectsInWhatBothHave)
 {

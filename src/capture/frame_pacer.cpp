@@ -1,0 +1,41 @@
+#include "capture/frame_pacer.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quillora::capture {
+
+namespace {
+
+/// At low rates the middle of the next frame can be further away than a segment may wait for its first frame.
+constexpr std::chrono::milliseconds kLatestFirstFrame{40};
+
+} // namespace
+
+std::int64_t FramePacer::framesDue(const RecordingClock& clock, CaptureClock::time_point now)
+{
+    if (clock.segments().size() != m_segments) {
+        m_segments = clock.segments().size();
+        m_dueBeforeSegment = m_due;
+    }
+    const std::chrono::duration<double> recorded = clock.recordedAt(now);
+    m_due = std::max(m_due, std::int64_t(std::floor(recorded.count() * m_framesPerSecond + 0.5)));
+    if (clock.running() && m_due == m_dueBeforeSegment &&
+        now - clock.segments().back().begin >= kLatestFirstFrame)
+        ++m_due;
+    return m_due;
+}
+
+CaptureClock::time_point FramePacer::nextDue(const RecordingClock& clock) const
+{
+    const RecordingClock::Segment& segment = clock.segments().back();
+    const std::chrono::duration<double> middle((double(m_due) + 0.5) / m_framesPerSecond);
+    // Rounded up, so that who sleeps until then finds the frame due.
+    auto due = segment.begin + std::chrono::ceil<CaptureClock::duration>(middle - segment.start) +
+               std::chrono::microseconds(1);
+    if (clock.segments().size() != m_segments || m_due == m_dueBeforeSegment)
+        due = std::min(due, segment.begin + kLatestFirstFrame);
+    return due;
+}
+
+} // namespace quillora::capture

@@ -1,0 +1,30 @@
+#include "capture/recording_clock.h"
+
+#include <algorithm>
+#include <ranges>
+
+namespace quillora::capture {
+
+void RecordingClock::resume(CaptureClock::time_point now)
+{
+    if (running())
+        return;
+    m_segments.push_back({now, m_segments.empty() ? RecordedTime::zero() : m_segments.back().end()});
+}
+
+void RecordingClock::pause(CaptureClock::time_point now)
+{
+    if (running())
+        m_segments.back().length =
+            std::max(RecordedTime::zero(), RecordedTime(now - m_segments.back().begin));
+}
+
+RecordedTime RecordingClock::recordedAt(CaptureClock::time_point moment) const
+{
+    for (const Segment& segment : m_segments | std::views::reverse)
+        if (moment >= segment.begin)
+            return segment.start + std::min(RecordedTime(moment - segment.begin), segment.length);
+    return RecordedTime::zero();
+}
+
+} // namespace quillora::capture

@@ -1,0 +1,388 @@
+#include "capture/recording_engine.h"
+
+#include "tests/support/fake_capture_ports.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+using namespace quillora::capture;
+using namespace std::chrono_literals;
+using quillora::tests::FakeCaptureWorld;
+
+namespace {
+
+/// An engine on a world of fakes, set up as the session does it. Time is real, so tests count and compare,
+/// and wait for nothing tightly.
+class RecordingEngineTest : public testing::Test {
+  protected:
+    RecordingEngineTest() : engine(world.ports())
+    {
+        engine.setFrameRate(24);
+        engine.setOutputWidth(32);
+        engine.setOutputHeight(20);
+        engine.setWidth(40);
+        engine.setHeight(30);
+        engine.setFileName("video.wmv");
+    }
+
+    static double seconds(CaptureClock::duration duration)
+    {
+        return std::chrono::duration<double>(duration).count();
+    }
+
+    /// Starts, does @p meanwhile, pauses; adds the shortest and longest time that the segment may have.
+    template <typename Meanwhile>
+    void segment(Meanwhile meanwhile)
+    {
+        const auto outer = CaptureClock::now();
+        engine.Start();
+        const auto inner = CaptureClock::now();
+        meanwhile();
+        const auto innerEnd = CaptureClock::now();
+        engine.Pause();
+        shortest += seconds(innerEnd - inner);
+        longest += seconds(CaptureClock::now() - outer);
+    }
+
+    void expectLength(double rate)
+    {
+        const auto frames = double(world.media->frameCount());
+        EXPECT_GE(frames, std::floor(shortest * rate) - 1);
+        EXPECT_LE(frames, std::ceil(longest * rate) + 1);
+        EXPECT_NEAR(world.media->soundSeconds(), frames / rate, 0.1);
+    }
+
+    FakeCaptureWorld world{};
+    RecordingEngine engine;
+    double shortest = 0;
+    double longest = 0;
+};
+
+/// Waits, at most for some seconds, until @p condition holds.
+template <typename Condition>
+bool soon(Condition condition)
+{
+    for (int i = 0; i < 1000 && !condition(); ++i)
+        std::this_thread::sleep_for(5ms);
+    return condition();
+}
+
+} // namespace
+
+TEST_F(RecordingEngineTest, RecordsAsManyFramesAsTimeAndRateGive)
+{
+    for (const float rate : {12.0F, 24.0F, 50.0F}) {
+        shortest = longest = 0;
+        engine.setFrameRate(rate);
+        segment([] { std::this_thread::sleep_for(700ms); });
+        engine.Stop();
+        expectLength(rate);
+    }
+}
+
+TEST_F(RecordingEngineTest, LosesAndGainsNothingOverFiftyPauses)
+{
+    for (int i = 0; i < 51; ++i) {
+        segment([] { std::this_thread::sleep_for(31ms); });
+        std::this_thread::sleep_for(5ms);
+    }
+    engine.Stop();
+    expectLength(24);
+}
+
+TEST_F(RecordingEngineTest, LeavesOutWhatIsShownAndHeardDuringAPause)
+{
+    world.screen.grey = 50;
+    segment([] { std::this_thread::sleep_for(300ms); });
+    std::this_thread::sleep_for(50ms);
+    world.screen.grey = 250;
+    world.microphone.value = -0.5F;
+    std::this_thread::sleep_for(300ms);
+    world.screen.grey = 100;
+    world.microphone.value = 0.5F;
+    std::this_thread::sleep_for(50ms);
+    segment([] { std::this_thread::sleep_for(300ms); });
+    engine.Stop();
+
+    const auto lumaOf = [](int grey) { return 16 + std::lround(grey * 219 / 255.0); };
+    for (const int luma : world.media->frames)
+        EXPECT_TRUE(luma == lumaOf(50) || luma == lumaOf(100)) << luma;
+    for (const float sample : world.media->sound)
+        EXPECT_GT(sample, -0.1F);
+}
+
+TEST_F(RecordingEngineTest, TakesTheFirstFrameAtOnce)
+{
+    const auto begin = CaptureClock::now();
+    engine.Start();
+    ASSERT_TRUE(soon([&] { return world.screen.grabs > 0; }));
+    engine.Stop();
+    EXPECT_LT(seconds(world.screen.firstGrab - begin), 1.0);
+}
+
+TEST_F(RecordingEngineTest, SurvivesEveryOperationInEveryState)
+{
+    engine.Stop();
+    engine.Pause();
+    engine.Start();
+    engine.Start();
+    engine.Pause();
+    engine.Pause();
+    engine.Start();
+    engine.Pause();
+    engine.Stop();
+    engine.Stop();
+    engine.Pause();
+    EXPECT_EQ(world.media->opened, 1);
+    EXPECT_EQ(world.media->closed, 1);
+}
+
+TEST_F(RecordingEngineTest, BeginsANewFileAfterStop)
+{
+    engine.Start();
+    engine.Stop();
+    engine.setFileName("second.wmv");
+    engine.Start();
+    engine.Stop();
+    EXPECT_EQ(world.media->opened, 2);
+    EXPECT_EQ(world.media->closed, 2);
+    EXPECT_EQ(world.media->format.path, "second.wmv");
+}
+
+TEST_F(RecordingEngineTest, TouchesNothingUntilItIsStarted)
+{
+    {
+        const RecordingEngine unused(world.ports());
+    }
+    EXPECT_EQ(world.screen.opened, 0);
+    EXPECT_EQ(world.microphone.started, 0);
+    EXPECT_EQ(world.media->opened, 0);
+}
+
+TEST_F(RecordingEngineTest, StopsWhenItIsDestroyed)
+{
+    {
+        RecordingEngine other(world.ports());
+        other.setOutputWidth(32);
+        other.setOutputHeight(20);
+        other.Start();
+    }
+    EXPECT_EQ(world.media->closed, 1);
+    EXPECT_EQ(world.microphone.running, 0);
+}
+
+TEST_F(RecordingEngineTest, ChangesModeRectangleAndPointerBetweenSegments)
+{
+    engine.setLeft(7);
+    engine.setTop(5);
+    engine.Start();
+    ASSERT_TRUE(soon([&] { return world.screen.regionSeen() == PixelRectangle{7, 5, 40, 30}; }));
+
+    // Setting alone changes nothing.
+    engine.setCaptureMode(CaptureMode::wholeScreen);
+    engine.setHighlightCursor(true);
+    const int grabs = world.screen.grabs;
+    ASSERT_TRUE(soon([&] { return world.screen.grabs > grabs + 1; }));
+    EXPECT_EQ(world.screen.regionSeen(), (PixelRectangle{7, 5, 40, 30}));
+
+    engine.Pause();
+    engine.Start();
+    EXPECT_TRUE(soon([&] { return world.screen.regionSeen() == PixelRectangle{0, 0, 100, 80}; }));
+    EXPECT_TRUE(world.screen.lastPointer.highlight);
+    EXPECT_FALSE(world.screen.lastPointer.cursor);
+
+    engine.Pause();
+    engine.setCaptureMode(CaptureMode::aroundMouse);
+    engine.Start();
+    EXPECT_TRUE(soon([&] { return world.screen.regionSeen() == PixelRectangle{34, 30, 32, 20}; }));
+    world.screen.pointerX = 99;
+    world.screen.pointerY = 0;
+    EXPECT_TRUE(soon([&] { return world.screen.regionSeen() == PixelRectangle{68, 0, 32, 20}; }));
+    engine.Stop();
+    EXPECT_EQ(world.media->format.width, 32);
+    EXPECT_EQ(world.media->opened, 1);
+}
+
+TEST_F(RecordingEngineTest, KeepsTheLengthWithoutASoundInput)
+{
+    world.microphone.silent = true;
+    segment([] { std::this_thread::sleep_for(700ms); });
+    engine.Stop();
+    expectLength(24);
+}
+
+TEST_F(RecordingEngineTest, FillsAHoleInTheSoundWithSilenceOfItsLength)
+{
+    segment([&] {
+        std::this_thread::sleep_for(300ms);
+        world.microphone.silent = true;
+        std::this_thread::sleep_for(700ms);
+        world.microphone.silent = false;
+        std::this_thread::sleep_for(300ms);
+    });
+    engine.Stop();
+    expectLength(24);
+    const auto silent = std::ranges::count_if(world.media->sound, [](float sample) { return sample == 0; });
+    EXPECT_GT(double(silent) / kSoundRate, 0.6);
+    EXPECT_GT(world.media->sound.back(), 0.4F);
+}
+
+TEST_F(RecordingEngineTest, GoesOnWithTheLastPictureWhileTheDisplayIsGone)
+{
+    world.screen.grey = 200;
+    segment([&] {
+        ASSERT_TRUE(soon([&] { return world.screen.grabs > 2; }));
+        world.screen.gone = true;
+        std::this_thread::sleep_for(400ms);
+    });
+    engine.Stop();
+    expectLength(24);
+    EXPECT_EQ(world.media->frames.back(), 16 + std::lround(200 * 219 / 255.0));
+}
+
+TEST_F(RecordingEngineTest, RecordsOnceADisplayComes)
+{
+    world.screen.gone = true;
+    engine.Start();
+    ASSERT_TRUE(soon([&] { return world.screen.opened > 0; }));
+    world.screen.gone = false;
+    EXPECT_TRUE(soon([&] { return world.screen.grabs > 0; }));
+    engine.Stop();
+}
+
+TEST_F(RecordingEngineTest, KeepsTheLengthWhereGrabsAreSlow)
+{
+    world.screen.grabMilliseconds = 150;
+    segment([] { std::this_thread::sleep_for(1s); });
+    engine.Stop();
+    expectLength(24);
+    EXPECT_GT(engine.counts().dropped, 0);
+}
+
+TEST_F(RecordingEngineTest, KeepsTheLengthWhereTheDisplayHangs)
+{
+    segment([&] {
+        ASSERT_TRUE(soon([&] { return world.screen.grabs > 1; }));
+        world.screen.grabMilliseconds = 1500;
+        std::this_thread::sleep_for(1s);
+    });
+    const auto begin = CaptureClock::now();
+    engine.Stop();
+    EXPECT_LT(seconds(CaptureClock::now() - begin), 10);
+    expectLength(24);
+}
+
+TEST_F(RecordingEngineTest, CatchesUpAfterTheDiskHungForAWhile)
+{
+    segment([&] {
+        ASSERT_TRUE(soon([&] { return world.media->frameCount() > 2; }));
+        {
+            const std::lock_guard lock(world.media->mutex);
+            world.media->hangs = true;
+        }
+        for (int i = 0; i < 40; ++i) {
+            world.screen.grey = 5 * i;
+            std::this_thread::sleep_for(25ms);
+        }
+        world.media->letGo();
+        std::this_thread::sleep_for(100ms);
+    });
+    engine.Stop();
+    expectLength(24);
+    EXPECT_EQ(world.media->frames.back(), 16 + std::lround(195 * 219 / 255.0));
+}
+
+TEST_F(RecordingEngineTest, StopReturnsThoughTheDiskHangsForGood)
+{
+    engine.Start();
+    ASSERT_TRUE(soon([&] { return world.media->frameCount() > 2; }));
+    {
+        const std::lock_guard lock(world.media->mutex);
+        world.media->hangs = true;
+    }
+    world.screen.grey = 9;
+    std::this_thread::sleep_for(100ms);
+    const auto begin = CaptureClock::now();
+    engine.Stop();
+    EXPECT_LT(seconds(CaptureClock::now() - begin), 20);
+    // The thread that was left behind ends, before the world that it works in does.
+    world.media->letGo();
+    EXPECT_TRUE(soon([&] {
+        const std::lock_guard lock(world.media->mutex);
+        return world.media->closed == 1;
+    }));
+    std::this_thread::sleep_for(50ms);
+}
+
+TEST_F(RecordingEngineTest, ClosesTheFileWhenTheDiskIsFullAndGoesOn)
+{
+    world.media->diskFullAfterFrames = 5;
+    engine.Start();
+    EXPECT_TRUE(soon([&] {
+        const std::lock_guard lock(world.media->mutex);
+        return world.media->closed == 1;
+    }));
+    engine.Pause();
+    engine.Start();
+    engine.Stop();
+    EXPECT_EQ(world.media->closed, 1);
+    EXPECT_EQ(world.media->opened, 1);
+}
+
+TEST_F(RecordingEngineTest, SaysThatTheFileCannotBeWrittenAndStaysIdle)
+{
+    world.media->refusesToOpen = true;
+    EXPECT_THROW(engine.Start(), std::runtime_error);
+    engine.Pause();
+    engine.Stop();
+    world.media->refusesToOpen = false;
+    engine.Start();
+    engine.Stop();
+    EXPECT_EQ(world.media->opened, 1);
+}
+
+TEST_F(RecordingEngineTest, TakesTheNearestPossibleNumbers)
+{
+    const auto formatFor = [&](float rate, std::int32_t bitrate) {
+        engine.setFrameRate(rate);
+        engine.setBitrate(bitrate);
+        engine.Start();
+        engine.Stop();
+        return world.media->format;
+    };
+    EXPECT_EQ(formatFor(0, 0).framesPerSecond, RecordingEngine::kLowestFrameRate);
+    EXPECT_EQ(formatFor(0, 0).bitsPerSecond, RecordingEngine::kLowestBitrate);
+    EXPECT_EQ(formatFor(std::numeric_limits<float>::quiet_NaN(), -5).framesPerSecond,
+              RecordingEngine::kLowestFrameRate);
+    EXPECT_EQ(formatFor(1e9F, 1'500'000).framesPerSecond, RecordingEngine::kHighestFrameRate);
+    EXPECT_EQ(formatFor(30, 1'500'000).bitsPerSecond, 1'500'000);
+}
+
+TEST_F(RecordingEngineTest, RecordsARectangleOfAnySize)
+{
+    for (const int edge : {0, -5, 1, 3, 101, std::numeric_limits<int>::min()}) {
+        engine.setWidth(edge);
+        engine.setHeight(edge);
+        const int grabs = world.screen.grabs;
+        engine.Start();
+        EXPECT_TRUE(soon([&] { return world.screen.grabs > grabs + 1; })) << edge;
+        engine.Stop();
+        EXPECT_FALSE(world.media->frames.empty()) << edge;
+    }
+}
+
+TEST_F(RecordingEngineTest, NamesItsCodecAndTheSoundInputs)
+{
+    ASSERT_EQ(engine.VideoCodecCount(), 1);
+    EXPECT_EQ(engine.VideoCodecName(0), "Windows Media Video 8");
+    ASSERT_EQ(engine.AudioDeviceCount(), 2);
+    EXPECT_EQ(engine.AudioDeviceName(0), "Microphone");
+    EXPECT_EQ(engine.AudioDeviceName(1), "Line in");
+    ASSERT_EQ(engine.AudioLineCount(), 1);
+    EXPECT_EQ(engine.AudioLineName(0), "Default input");
+    EXPECT_THROW(engine.VideoCodecName(1), std::exception);
+    EXPECT_THROW(engine.AudioDeviceName(2), std::exception);
+    EXPECT_THROW(engine.AudioLineName(-1), std::exception);
+}
