@@ -1,8 +1,8 @@
 #include "forms/main_toolbar.h"
 
 #include "forms/command_button.h"
+#include "forms/separator.h"
 
-#include <QFrame>
 #include <QHBoxLayout>
 
 namespace quillora::forms {
@@ -41,15 +41,6 @@ constexpr Place kPlaces[] = {
     {"less", "", Stored::hidden, "Less", "Show fewer media"},
 };
 
-QWidget* makeSeparator(QWidget* parent)
-{
-    auto* line = new QFrame(parent);
-    line->setFrameShape(QFrame::NoFrame);
-    line->setProperty("separator", true);
-    line->setFixedSize(1, 22);
-    return line;
-}
-
 } // namespace
 
 MainToolbar::MainToolbar(QWidget* parent) : QWidget(parent)
@@ -65,7 +56,7 @@ MainToolbar::MainToolbar(QWidget* parent) : QWidget(parent)
         const QString key = place.key;
         QWidget* widget = nullptr;
         if (*place.spokenName == '\0') {
-            widget = makeSeparator(this);
+            widget = makeSeparator(22, this);
         } else {
             const auto face =
                 *place.caption == '\0' ? CommandButton::Face::iconOnly : CommandButton::Face::iconAndCaption;

@@ -1,6 +1,7 @@
 #include "forms/status_bar.h"
 
-#include <QFrame>
+#include "forms/separator.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 
@@ -29,14 +30,6 @@ void showText(QLabel& label, const QString& text)
     label.setAccessibleName(text.isEmpty() ? label.accessibleDescription() : text);
 }
 
-QWidget* makeSeparator(QWidget* parent)
-{
-    auto* line = new QFrame(parent);
-    line->setProperty("separator", true);
-    line->setFixedSize(1, 16);
-    return line;
-}
-
 } // namespace
 
 StatusBar::StatusBar(QWidget* parent) : QWidget(parent)
@@ -50,7 +43,7 @@ StatusBar::StatusBar(QWidget* parent) : QWidget(parent)
     row->setSpacing(0);
     for (int i = 0; i < kPanels; ++i) {
         if (i > 0)
-            row->addWidget(makeSeparator(this));
+            row->addWidget(makeSeparator(16, this));
         auto* label = new QLabel(this);
         label->setObjectName(QStringLiteral("StatusBar1_%1").arg(i + 1));
         label->setTextFormat(Qt::PlainText);

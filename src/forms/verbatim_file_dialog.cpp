@@ -20,12 +20,19 @@ void VerbatimFileDialog::propose(const QString& path)
     selectFile(proposed.fileName());
 }
 
-void VerbatimFileDialog::accept()
+QString VerbatimFileDialog::namedPath() const
 {
     const auto* nameField = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    const QString name = nameField != nullptr ? nameField->text() : QString();
-    const QString path = QDir::cleanPath(directory().absoluteFilePath(name));
-    if (name.isEmpty() || QFileInfo(path).isDir()) {
+    if (nameField != nullptr && !nameField->text().isEmpty())
+        return QDir::cleanPath(directory().absoluteFilePath(nameField->text()));
+    // A file can be chosen in the list without its name having reached the field.
+    return selectedFiles().value(0);
+}
+
+void VerbatimFileDialog::accept()
+{
+    const QString path = namedPath();
+    if (path.isEmpty() || QFileInfo(path).isDir()) {
         QFileDialog::accept();
         return;
     }

@@ -22,6 +22,8 @@ class VerbatimFileDialog : public QFileDialog {
     void accept() override;
 
   private:
+    QString namedPath() const;
+
     QString m_chosenPath;
 };
 
