@@ -54,6 +54,15 @@ TEST_F(CommandGates, Open_WhileRecording_DoesNothing)
     expectNothingFrom("open");
 }
 
+TEST_F(CommandGates, Open_DuringTheCountdown_OpensADeck)
+{
+    press("record");
+    openDeck(8);
+    EXPECT_EQ(fields.slideStatus, "Slide 1/8");
+    secondsPass(5);
+    EXPECT_EQ(fields.recordState, "record");
+}
+
 TEST_F(CommandGates, Stop_WhilePaused_DoesNothing)
 {
     startRecording();

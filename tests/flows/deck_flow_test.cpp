@@ -143,5 +143,62 @@ TEST_F(DeckFlow, TheSizeOfThePanel_IsFollowedBothWaysWithoutANewImport)
     EXPECT_EQ(std::pair(slide_img.width, slide_img.height), std::pair(747, 420));
 }
 
+TEST_F(DeckFlow, OpeningADeck_EndsWithTheSlidesTheStatusAndThePointer)
+{
+    converter.failing.names = {"createApplication"};
+    log.clear();
+    openDeck();
+    const Calls end(std::ranges::find(log.calls, "panel2 Slide 1/0"), log.calls.end());
+    EXPECT_EQ(end,
+              (Calls{"panel2 Slide 1/0", "pointer ", "slide_img.LoadFile Slide1.jpg",
+                     "slide_img_N.LoadFile Slide2.jpg", "slide_img.ResizeImage 747x420",
+                     "slide_img_N.ResizeImage 746x420", "panel6 slides", "panel1 Ready...", "pointer "}));
+}
+
+TEST_F(DeckFlow, CancellingTheFirstDialog_StillBuildsAStatusSoThatFirstPassesItsGuard)
+{
+    turn("first");
+    EXPECT_EQ(fields.currentSlide, "");
+    CommonDialog1.willBeCancelled();
+    press("open");
+    EXPECT_EQ(fields.slideStatus, "Slide /");
+    turn("first");
+    EXPECT_EQ(window.panels[2], "Slide 1/");
+}
+
+TEST_F(DeckFlow, ADeckThatCouldNotBeImported_CanBeRecordedAllTheSame)
+{
+    converter.failing.names = {"Open"};
+    openDeck();
+    startRecording();
+    EXPECT_EQ(fields.recordState, "record");
+    EXPECT_EQ(window.panels[2], "Slide 1/0");
+}
+
+TEST_F(DeckFlow, ThePictureOnTheStage_OpensADeckAndLeavesMediaModeAndStatus)
+{
+    fields.myMediaType = "web";
+    fields.myWindowMode = "fullcam";
+    slide_img_back.visible = false;
+    CommonDialog1.willChoose(documents / "deck.pptx");
+    deckShortcut.Image1_Click();
+    EXPECT_TRUE(slide_img_back.visible);
+    EXPECT_EQ(fields.slideStatus, "Slide 1/3");
+    EXPECT_EQ(fields.myMediaType, "web");
+    EXPECT_EQ(fields.myWindowMode, "fullcam");
+    EXPECT_EQ(window.panels[1], "Loading slides...");
+}
+
+TEST_F(DeckFlow, ThePictureOnTheStage_OpensADeckAlsoWhileRecording)
+{
+    openDeck(3);
+    startRecording();
+    CommonDialog1.willChoose(documents / "other.pptx");
+    converter.slideCount = 7;
+    deckShortcut.Image1_Click();
+    EXPECT_EQ(fields.slideStatus, "Slide 1/7");
+    EXPECT_EQ(fields.recordState, "record");
+}
+
 } // namespace
 } // namespace quillora::tests

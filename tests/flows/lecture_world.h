@@ -5,6 +5,7 @@
 #include "deck/slide_viewer.h"
 #include "session/command_surface.h"
 #include "session/main_form.h"
+#include "stage/deck_shortcut.h"
 #include "stage/media_selection.h"
 #include "tests/support/fake_beeper.h"
 #include "tests/support/fake_capture_engine.h"
@@ -69,6 +70,7 @@ class LectureWorld : public testing::Test {
     deck::DeckImport deckImport{
         {fields, window, CommonDialog1, boxes, workspace, converter, viewer, slide_img, assets}};
     stage::MediaSelection media{{fields, window, viewer, slide_img_back}};
+    stage::DeckShortcut deckShortcut{{slide_img_back, deckImport}};
     session::Packaging packaging{{fields, workspace, zip, sleeper, CommonDialog1, boxes, copier}};
     session::Recorder recorder{{fields, window, engines, settings, names, clock, Timer2, folders, packaging}};
     session::Countdown countdown{{window, clock, countDown_tmr2, beeper, recorder, assets}};

@@ -36,6 +36,14 @@ TEST_F(Start, PutsTheStartPictureOnTheStageAtItsSize)
     EXPECT_EQ(slide_img.picture, "PPT.png");
 }
 
+TEST_F(Start, GoesThroughItsStepsInTheirOrder)
+{
+    EXPECT_EQ(log.calls,
+              (Calls{"slide_img.NewImage 747x420", "slide_img.LoadFile PPT.png",
+                     "slide_img.ResizeImage 747x420", "slide_img.ResizeImage 747x420",
+                     "slide_img_N.ResizeImage 746x420", "setCaption", "panel5 full", "panel6 slides"}));
+}
+
 TEST_F(Start, WithoutTheStartPicture_ShowsABlankStage)
 {
     std::filesystem::remove(assets / "PPT.png");

@@ -14,8 +14,10 @@ namespace quillora::tests {
 class PrivateSoundServer {
   public:
     /// A sink that plays to nobody in real time; what is played to it comes out of the source "null.monitor".
-    static constexpr const char* kNullSink = "module-null-sink sink_name=null";
-    /// The source "tone": a sine of 440 Hz, always on.
+    /// One that could rewind would sleep through its first two seconds, deaf to what is asked of it.
+    static constexpr const char* kNullSink = "module-null-sink sink_name=null norewinds=1";
+    /// The source "tone": a sine of 440 Hz at half of full scale, always on. It comes two seconds at a time,
+    /// and the first of them at once: not for tests of time.
     static constexpr const char* kToneSource = "module-sine-source source_name=tone frequency=440";
 
     /// Throws std::runtime_error when no server comes up. The default source and sink are those of the first

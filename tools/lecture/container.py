@@ -1,5 +1,4 @@
 """Reads a saved container as a stranger would: an archive, an index, pictures, a video."""
-import fractions
 import json
 import re
 import zipfile
@@ -89,7 +88,8 @@ class Streams:
         self.video = self._only("video")
         self.sound = self._only("audio")
         self.size = (int(self.video["width"]), int(self.video["height"]))
-        self.rate = float(fractions.Fraction(self.video["avg_frame_rate"]))
+        frames, _, seconds = self.video["avg_frame_rate"].partition("/")
+        self.rate = int(frames) / (int(seconds) or 1)  # "0/0" where the frames come too unevenly to tell
 
     def _only(self, kind):
         streams = [stream for stream in self.all if stream["codec_type"] == kind]

@@ -57,10 +57,11 @@ def demonstrate(desktop, arguments):
         print("The deck gives no slides; the lecture is recorded with what stands on the stage.", flush=True)
     shots.take("deck")
     out.unlink(missing_ok=True)
-    hold_lecture(presenter, shots)
+    print("Recording: the countdown, then about 30 s.", flush=True)
+    dialog = hold_lecture(presenter, shots.take)
     print(f"Recorded {presenter.notes.recorded():.1f} s; saving.", flush=True)
     pictures = keep_pictures(desktop)
-    presenter.save(presenter.save_dialog(), out)
+    presenter.save(dialog, out)
     presenter.acknowledge(SAVED_BOX)
     shots.take("saved")
     exit_code = presenter.leave()
@@ -75,14 +76,14 @@ def demonstrate(desktop, arguments):
     return 0
 
 
-def hold_lecture(presenter, shots):
-    """Half a minute: next, next, previous, a pause with a move in it, last, first; then Stop."""
-    print("Recording: the countdown, then about 30 s.", flush=True)
+def hold_lecture(presenter, take_shot=lambda name: None):
+    """Half a minute: next, next, previous, a pause with a move in it, last, first; then Stop. Gives the save
+    dialog."""
     presenter.record()
     presenter.wait(4)
     presenter.move("next")
     presenter.wait(2)
-    shots.take("recording")
+    take_shot("recording")
     presenter.wait(2)
     presenter.move("next")
     presenter.wait(4)
@@ -91,7 +92,7 @@ def hold_lecture(presenter, shots):
     presenter.pause()
     presenter.wait(1)
     presenter.move("next")
-    shots.take("paused")
+    take_shot("paused")
     presenter.wait(2)
     presenter.resume()
     presenter.wait(4)
@@ -99,7 +100,7 @@ def hold_lecture(presenter, shots):
     presenter.wait(4)
     presenter.move("first")
     presenter.wait(4)
-    presenter.stop()
+    return presenter.stop()
 
 
 def keep_pictures(desktop):

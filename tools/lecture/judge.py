@@ -19,6 +19,9 @@ MATCH_FLOOR = 17.0
 MATCH_FLOOR_SHARP = 28.0
 TWINS = 0.3
 SOUND_RATE = 8000
+# The speech has no silence longer than a tenth of a second.
+LEVEL_WINDOW = 0.25
+SILENCE = 0.005
 
 
 @dataclasses.dataclass
@@ -45,9 +48,10 @@ def judge(path, notes, folder, sharp_pictures=None, speech=None):
     container = Container(path, folder)
     _judge_entries(verdict, path, container, notes)
     _judge_index(verdict, container, notes)
-    _judge_streams(verdict, container, notes)
+    times = frame_times(container.video)
+    _judge_streams(verdict, container, notes, times)
     if container.pictures:
-        _judge_slides(verdict, container, sharp_pictures)
+        _judge_slides(verdict, container, sharp_pictures, times)
     if speech:
         _judge_sound(verdict, container, notes, speech)
     return verdict
@@ -75,11 +79,9 @@ def _judge_index(verdict, container, notes):
                         f"slide {slide} is at {second} s in the index and was asked for at {pressed:.2f} s")
 
 
-def _judge_streams(verdict, container, notes):
+def _judge_streams(verdict, container, notes, times):
     streams = Streams(container.video)
-    times = frame_times(container.video)
     recorded = notes.recorded()
-    expected = streams.duration * RATE
     verdict.say(f"Video {container.video.name}: {streams.format}, {streams.video['codec_name']} "
                 f"{streams.size[0]}x{streams.size[1]} at {streams.rate:g} frames a second, "
                 f"{streams.sound['codec_name']} {streams.sound['sample_rate']} Hz; {streams.duration:.2f} s, "
@@ -90,19 +92,22 @@ def _judge_streams(verdict, container, notes):
     verdict.require(abs(streams.rate - RATE) < 0.01, f"the frame rate is {streams.rate}")
     verdict.require(abs(streams.duration - recorded) <= 1.0,
                     f"{streams.duration:.2f} s of video for {recorded:.2f} s between start and stop without pauses")
-    verdict.require(abs(len(times) - expected) <= 2, f"{len(times)} frames in {streams.duration:.2f} s")
+    verdict.require(abs(len(times) - (times[-1] - times[0] + 1 / RATE) * RATE) <= 1,
+                    f"{len(times)} frames in {times[-1] - times[0] + 1 / RATE:.2f} s")
+    verdict.require(abs(streams.duration - times[-1] - 1 / RATE) <= 0.2,
+                    f"the last frame is at {times[-1]:.2f} of {streams.duration:.2f} s")
     steps = numpy.diff(times)
     verdict.require(len(steps) and abs(steps - 1 / RATE).max() < 0.003,
                     f"the frames are {steps.min():.3f} to {steps.max():.3f} s apart" if len(steps) else "no frames")
 
 
-def _judge_slides(verdict, container, sharp_pictures):
+def _judge_slides(verdict, container, sharp_pictures, times):
     """Finds, for each entry of the index, its slide in the video, and sees that no other stands there until the
     next entry."""
     pictures = sharp_pictures or container.pictures
     floor = MATCH_FLOOR_SHARP if sharp_pictures else MATCH_FLOOR
     slides = {number: _luma_of_picture(path) for number, path in pictures.items()}
-    frames = _Frames(container.video)
+    frames = _Frames(container.video, times)
     verdict.say("Slides in the video (luma against the slide's picture"
                 f"{'' if sharp_pictures else ' in the container'})")
     for position, (slide, second) in enumerate(container.index):
@@ -152,12 +157,12 @@ def _best(frame, slides):
 class _Frames:
     """The luma of a video's frames, by time."""
 
-    def __init__(self, path):
+    def __init__(self, path, times):
         width, height = OUTPUT_SIZE
         raw = run_to_end(["ffmpeg", "-v", "error", "-i", str(path), "-an", "-vf", "extractplanes=y", "-fps_mode",
                           "passthrough", "-f", "rawvideo", "-"], seconds=600)
         self._frames = numpy.frombuffer(raw, dtype=numpy.uint8).reshape(-1, height, width)
-        self._times = numpy.array(frame_times(path)[:len(self._frames)])
+        self._times = numpy.array(times[:len(self._frames)])
         self.duration = self._times[-1] + 1 / RATE
 
     def at(self, moment):
@@ -197,12 +202,12 @@ def _judge_sound(verdict, container, notes, speech):
     spoken = read_wave(speech, SOUND_RATE)
     seconds = len(sound) / SOUND_RATE
     video = Streams(container.video).duration
-    levels = [float(numpy.sqrt(numpy.mean(part ** 2)))
-              for part in numpy.array_split(sound, max(1, int(seconds))) if len(part)]
+    size = int(LEVEL_WINDOW * SOUND_RATE)
+    levels = [float(numpy.sqrt(numpy.mean(sound[at:at + size] ** 2))) for at in range(0, len(sound) - size, size)]
     offsets = [_place_in_speech(sound[at * SOUND_RATE:(at + 1) * SOUND_RATE], spoken)
                for at in range(int(seconds))]
     verdict.require(abs(seconds - video) <= 0.3, f"{seconds:.2f} s of sound for {video:.2f} s of video")
-    verdict.require(min(levels) > 0.01, f"the sound has a hole at second {int(numpy.argmin(levels))}")
+    verdict.require(min(levels) > SILENCE, f"the sound has a hole at {numpy.argmin(levels) * LEVEL_WINDOW:.2f} s")
     # How far the speech was ahead of the recording: steady but for what each pause cuts out.
     period = len(spoken) / SOUND_RATE
     ahead = [(offset - at) % period for at, (offset, _) in enumerate(offsets)]

@@ -5,12 +5,12 @@ from processes import Failure, wait_until
 from window import Window
 
 NOT_SAVED_BOX = "Video presentation is not saved: You must save your video presentation before exit!"
+NO_DECK_BOX = "Please click Open button to load your slides before recording!"
 SAVED_BOX = "Congratulations! Your video presentation has been saved successfully!"
 LEVEL_BOX = "Microphone level is low!"
 OPEN_TITLE = "Open PowerPoint File"
 SAVE_TITLE = "Save Video Presentation As"
 
-FILTER_CONTAINER = "Advanced Systems Format"
 FILTER_VIDEO = "Windows Media Video"
 
 MOVES = {"first": "First slide", "pre": "Previous slide", "next": "Next slide", "last": "Last slide"}
@@ -95,7 +95,7 @@ class Presenter:
     def pause(self):
         self.window.press("Pause")
         wait_until(lambda: self.window.status("Session") == "Paused ...", 10, "the pause")
-        self.notes.segments[-1][1] = time.monotonic()
+        self.end_segment()
 
     def resume(self):
         self.window.press("Resume")
@@ -104,9 +104,13 @@ class Presenter:
 
     def stop(self):
         """Presses Stop; gives the save dialog that follows."""
-        self.notes.segments[-1][1] = time.monotonic()
+        self.end_segment()
         self.window.press("Stop")
         return self.save_dialog()
+
+    def end_segment(self):
+        """Notes that the recording ends now."""
+        self.notes.segments[-1][1] = time.monotonic()
 
     def save_dialog(self, seconds=60):
         return self.window.expect_file_dialog(SAVE_TITLE, seconds)

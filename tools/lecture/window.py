@@ -94,7 +94,7 @@ class Window:
             self.keys("ctrl+a")
             self._xdotool("type", "--delay", "4", "--", path)
         else:
-            field.get_editable_text_iface().set_text_contents(path)
+            Atspi.EditableText.set_text_contents(field, path)
         wait_until(lambda: self._text(field) == path, 20, f'"{path}" in the file dialog (it shows '
                    f'"{self._text(field)}")')
 
@@ -105,8 +105,8 @@ class Window:
             items = [item for item in self._walk(box) if _role(item) in ("list item", "menu item")]
             for index, item in enumerate(items):
                 if label in (_ask(item.get_name) or ""):
-                    _ask(lambda box=box: box.grab_focus()) or _ask(box.get_component_iface().grab_focus)
-                    self.keys("Home", *["Down"] * index)
+                    self._click(box)
+                    self.keys("Home", *["Down"] * index, "Return")
                     wait_until(lambda box=box: label in (_ask(box.get_name) or ""), 10,
                                f'the file type "{label}"')
                     return
@@ -123,8 +123,7 @@ class Window:
 
     def area(self, control=None):
         """Left, top, width, height of a control, or of the main window, on the display."""
-        extents = _ask(lambda: (control or self.main_window()).get_component_iface().get_extents(
-            Atspi.CoordType.SCREEN))
+        extents = _ask(lambda: Atspi.Component.get_extents(control or self.main_window(), Atspi.CoordType.SCREEN))
         if extents is None:
             raise Failure("a control has no place on the display")
         return extents.x, extents.y, extents.width, extents.height
@@ -181,8 +180,7 @@ class Window:
                     waiting.append(child)
 
     def _text(self, field):
-        text = _ask(field.get_text_iface)
-        return _ask(lambda: Atspi.Text.get_text(text, 0, -1)) if text else None
+        return _ask(lambda: Atspi.Text.get_text(field, 0, -1))
 
     def _click(self, control):
         left, top, width, height = self.area(control)

@@ -1,10 +1,10 @@
-#include "capture/pixel_rectangle.h"
+#include "base/pixel_rectangle.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-using namespace quillora::capture;
+using namespace quillora::base;
 
 TEST(PixelRectangle, IntersectsInWhatBothHave)
 {

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "base/pixel_rectangle.h"
+
+#include <bit>
+#include <cstdint>
+#include <vector>
+
+namespace quillora::drawing {
+
+/// A set of pixels of a picture, a bit each. The pieces that a shape is put together from are gathered here,
+/// so that where they overlap the pixel is still drawn once. Whatever lies outside the picture is left out.
+class RasterMask {
+  public:
+    RasterMask(int width, int height);
+
+    int width() const { return m_width; }
+    int height() const { return m_height; }
+
+    /// Row @p y from @p left to @p right, both in it.
+    void addSpan(std::int64_t y, std::int64_t left, std::int64_t right);
+    /// Row @p y from @p left to its end changes sides. Takes effect with settleEdges, and until then nothing
+    /// but edges may be added.
+    void toggleFrom(std::int64_t y, std::int64_t left);
+    /// Makes of the edges the pixels with an odd number of them at or left of them.
+    void settleEdges();
+    /// Takes out every pixel of @p other, a mask of the same size.
+    void subtract(const RasterMask& other);
+    /// Costs what was added since it was last empty.
+    void clear();
+
+    /// Calls @p visit(y, left, right), right not in it, for each longest run of pixels, by rows. Gives the
+    /// smallest rectangle that holds them.
+    template <typename Visit>
+    base::PixelRectangle forEachRun(Visit visit) const;
+
+  private:
+    static constexpr int kWordBits = 64;
+    using Word = std::uint64_t;
+
+    const Word* rowWords(int y) const { return &m_words[static_cast<std::size_t>(y) * m_rowWords]; }
+    Word* rowWords(int y) { return &m_words[static_cast<std::size_t>(y) * m_rowWords]; }
+    void noteRow(int y);
+    bool untouched() const { return m_top > m_bottom; }
+
+    int m_width;
+    int m_height;
+    std::size_t m_rowWords;
+    std::vector<Word> m_words;
+    int m_top;
+    int m_bottom = -1;
+};
+
+template <typename Visit>
+base::PixelRectangle RasterMask::forEachRun(Visit visit) const
+{
+    base::PixelRectangle box;
+    for (int y = m_top; y <= m_bottom; ++y) {
+        const Word* words = rowWords(y);
+        int runLeft = -1;
+        int first = -1;
+        int last = -1;
+        for (std::size_t index = 0; index < m_rowWords; ++index) {
+            const int base = static_cast<int>(index) * kWordBits;
+            Word rest = words[index];
+            if (runLeft < 0 && rest == 0)
+                continue;
+            int bit = 0;
+            while (bit < kWordBits) {
+                if (runLeft < 0) {
+                    if (rest == 0)
+                        break;
+                    bit = std::countr_zero(rest);
+                    runLeft = base + bit;
+                    rest |= (Word{1} << bit) - 1;
+                }
+                if (~rest == 0)
+                    break;
+                bit = std::countr_one(rest);
+                if (first < 0)
+                    first = runLeft;
+                last = base + bit;
+                visit(y, runLeft, last);
+                runLeft = -1;
+                rest &= ~((Word{1} << bit) - 1);
+            }
+        }
+        if (runLeft >= 0) {
+            if (first < 0)
+                first = runLeft;
+            last = m_width;
+            visit(y, runLeft, last);
+        }
+        if (first >= 0)
+            box = base::boundingBox(box, {first, y, last - first, 1});
+    }
+    return box;
+}
+
+} // namespace quillora::drawing
