@@ -1,4 +1,4 @@
-"""demo.py --program PROGRAM [DECK [OUT.asf]]: records a lecture with no hands, saves it, and judges what was saved.
+"""./run demo [DECK [OUT.asf]]: records a lecture with no hands, saves it, and judges what was saved.
 
 Ends with a non-zero exit code when something of it is wrong, and says what.
 """
@@ -13,7 +13,9 @@ from judge import judge
 from presenter import SAVED_BOX, Presenter
 from processes import Failure
 
-SAMPLE_DECK = pathlib.Path(__file__).resolve().parents[2] / "assets" / "sample_lecture.pptx"
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+SAMPLE_DECK = ROOT / "assets" / "sample_lecture.pptx"
+INSTALLED_PROGRAM = ROOT / "build" / "install" / "bin" / "quillora"
 
 
 def main():
@@ -36,7 +38,7 @@ def parse_arguments():
     parser = argparse.ArgumentParser(prog="./run demo", description="Records a lecture with no hands and judges it.")
     parser.add_argument("deck", nargs="?", type=pathlib.Path, default=SAMPLE_DECK, metavar="DECK")
     parser.add_argument("out", nargs="?", type=pathlib.Path, default=pathlib.Path("lecture.asf"), metavar="OUT.asf")
-    parser.add_argument("--program", type=pathlib.Path, required=True, help=argparse.SUPPRESS)
+    parser.add_argument("--program", type=pathlib.Path, default=INSTALLED_PROGRAM, help="the recorder to drive")
     parser.add_argument("--shots", type=pathlib.Path, help="folder for pictures of the window on the way")
     arguments = parser.parse_args()
     if arguments.out.suffix.lower() != ".asf":

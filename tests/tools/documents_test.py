@@ -1,0 +1,44 @@
+"""The documents name files and packages that are there."""
+import pathlib
+import re
+import subprocess
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+DOCUMENTS = sorted(ROOT.glob("*.md")) + sorted((ROOT / "docs").rglob("*.md"))
+
+
+class DocumentsTest(unittest.TestCase):
+    def test_every_path_that_a_document_names_exists(self):
+        missing = []
+        for document in DOCUMENTS:
+            for path in named_paths(document.read_text(encoding="utf-8")):
+                if not (ROOT / path).exists() and not (document.parent / path).exists():
+                    missing.append(f"{document.relative_to(ROOT)}: {path}")
+        self.assertEqual(missing, [])
+
+    def test_paths_are_found_at_all(self):
+        self.assertEqual(named_paths("see `src/a/b.cpp`, `src/<folder>/x`, `build/dev/y`, `./run demo`, and ![w](docs/w.png)"),
+                         ["src/a/b.cpp", "docs/w.png"])
+
+    def test_every_package_has_a_purpose_and_is_known_to_the_distribution(self):
+        lines = [line for line in (ROOT / "packages.txt").read_text(encoding="utf-8").splitlines()
+                 if line and not line.startswith("#")]
+        for line in lines:
+            self.assertRegex(line, r"^[a-z0-9][a-z0-9+.-]+ +# \S.*$")
+        names = [line.split()[0] for line in lines]
+        self.assertEqual(len(names), len(set(names)))
+        status = subprocess.run(["dpkg-query", "-W", "-f", "${Package} ${db:Status-Status}\n", *names],
+                                capture_output=True, text=True, check=False).stdout.split("\n")
+        self.assertEqual([name for name in names if f"{name} installed" not in status], [])
+
+
+def named_paths(text):
+    """Paths in a text that have to exist: those in backquotes and those that pictures and links lead to."""
+    quoted = re.findall(r"`([\w.-]+/[\w./-]*)`", text)
+    linked = re.findall(r"\]\(([^):#]+)\)", text)
+    return [path for path in quoted + linked if not path.startswith(("build/", "./"))]
+
+
+if __name__ == "__main__":
+    unittest.main()
