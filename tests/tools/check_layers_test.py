@@ -81,6 +81,9 @@ class CheckLayersTest(unittest.TestCase):
     def test_a_c_header_in_logic_is_a_fault_where_cplusplus_has_its_own(self):
         self.assert_faulty("src/session/a.cpp", "#include <math.h>\n", 1, "standard library only")
 
+    def test_the_vector_instructions_of_the_compiler_are_allowed(self):
+        self.assert_passes("src/session/a.cpp", "#include <emmintrin.h>\n")
+
     def test_a_library_header_in_logic_is_a_fault(self):
         self.assert_faulty("src/session/a.cpp", '#include "libavcodec/avcodec.h"\n', 1, "standard library only")
 
