@@ -20,10 +20,7 @@ void MainForm::Form_Load()
 void MainForm::Form_Unload()
 {
     // The window closes whatever the stop runs into: a presenter whose disk is full must still get out.
-    base::skipFailures([&] {
-        if (m_ports.fields.recordState == "record")
-            m_ports.session.toolbar_stop();
-    });
+    base::skipFailures([&] { m_ports.session.toolbar_stop(); });
 }
 
 } // namespace quillora::session

@@ -213,6 +213,28 @@ TEST_F(FailingMachine, ADestinationThatCannotBeWritten_EndsTheSaveWithoutAWord)
     EXPECT_TRUE(std::filesystem::exists(root / "MyZip.zip"));
 }
 
+TEST_F(FailingMachine, ADestinationThatIsAFolder_EndsTheSaveWithoutAWord)
+{
+    openDeck();
+    startRecording();
+    std::filesystem::create_directory(documents / "lecture.asf");
+    stopAndSave("lecture.asf");
+    EXPECT_EQ(fields.recordState, "stop");
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_TRUE(std::filesystem::is_directory(documents / "lecture.asf"));
+}
+
+TEST_F(FailingMachine, ADialogThatCannotBeShown_EndsTheSaveWithoutAWord)
+{
+    openDeck();
+    startRecording();
+    press("stop");
+    EXPECT_EQ(log.count("ShowSave"), 1);
+    EXPECT_EQ(fields.recordState, "stop");
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_TRUE(window.minimizeBox);
+}
+
 TEST_F(FailingMachine, AnEngineThatLeftNoVideo_IsPackedWithoutOne)
 {
     engines.failing.names = {"Start"};

@@ -121,6 +121,15 @@ TEST_F(Recording, Record_MakesASecondEngineThatNobodyDrives)
     EXPECT_EQ(log.count("engine.Start"), 2);
 }
 
+TEST_F(Recording, Record_LetsGoOfItsOldSecondEngineBeforeItMakesANewOne)
+{
+    openDeck();
+    startRecording();
+    stopAndSave();
+    startRecording();
+    EXPECT_EQ(engines.mostAlive, 2);
+}
+
 TEST_F(Recording, Record_DuringTheCountdown_RestartsItAtFive)
 {
     openDeck();

@@ -4,6 +4,7 @@
 #include "tests/support/call_log.h"
 #include "tests/support/failing_calls.h"
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -20,6 +21,7 @@ class FakeCaptureEngineFactory : public capture::CaptureEngineFactory {
     FailingCalls failing{};
     int created = 0;
     int alive = 0;
+    int mostAlive = 0;
     int recordings = 0;
 
     std::unique_ptr<capture::CaptureEngine> create() override;
@@ -27,7 +29,10 @@ class FakeCaptureEngineFactory : public capture::CaptureEngineFactory {
 
 class FakeCaptureEngine : public capture::CaptureEngine {
   public:
-    explicit FakeCaptureEngine(FakeCaptureEngineFactory& factory) : m_factory(factory) { ++m_factory.alive; }
+    explicit FakeCaptureEngine(FakeCaptureEngineFactory& factory) : m_factory(factory)
+    {
+        m_factory.mostAlive = std::max(m_factory.mostAlive, ++m_factory.alive);
+    }
     ~FakeCaptureEngine() override { --m_factory.alive; }
 
     void setBitrate(std::int32_t bitsPerSecond) override { call("Bitrate", bitsPerSecond); }
