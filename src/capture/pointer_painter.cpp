@@ -1,6 +1,7 @@
 #include "capture/pointer_painter.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace quillora::capture {
@@ -38,11 +39,30 @@ std::uint8_t overlay(std::uint32_t premultiplied, std::uint32_t alpha, std::uint
     return static_cast<std::uint8_t>(std::min(255U, premultiplied + (below * (255 - alpha) + 127) / 255));
 }
 
-std::uint8_t tint(std::uint8_t value, int channel, double strength)
+using Tints = std::array<std::array<std::uint8_t, 256>, 3>;
+
+constexpr Tints tints()
 {
-    const double full =
-        kBlackBecomes[channel] + value * (kWhiteBecomes[channel] - kBlackBecomes[channel]) / 255.0;
-    return static_cast<std::uint8_t>(std::lround(value + strength * (full - value)));
+    Tints table{};
+    for (std::size_t channel = 0; channel < 3; ++channel)
+        for (int value = 0; value < 256; ++value)
+            table[channel][static_cast<std::size_t>(value)] = static_cast<std::uint8_t>(
+                kBlackBecomes[channel] +
+                (value * (kWhiteBecomes[channel] - kBlackBecomes[channel]) + 127) / 255);
+    return table;
+}
+
+/// What each value of each channel becomes in the middle of the highlight.
+constexpr Tints kTints = tints();
+
+/// @p strength is from 0 to 256.
+void tint(std::uint8_t* pixel, int strength)
+{
+    for (std::size_t channel = 0; channel < 3; ++channel) {
+        const int value = pixel[channel];
+        pixel[channel] =
+            static_cast<std::uint8_t>(value + (kTints[channel][pixel[channel]] - value) * strength / 256);
+    }
 }
 
 } // namespace
@@ -86,11 +106,10 @@ void paintHighlight(ScreenImage& image, const PixelRectangle& clip, PixelPoint p
     const double radius = std::min(diameter, kLargestHighlight) / 2.0;
     for (int y = drawn.top; y < drawn.bottom(); ++y) {
         for (int x = drawn.left; x < drawn.right(); ++x) {
-            const double distance = std::hypot(x - position.x, y - position.y);
-            const double strength = std::clamp((radius - distance) / kSoftEdge, 0.0, 1.0);
-            std::uint8_t* pixel = pixelAt(image, x, y);
-            for (int channel = 0; channel < 3; ++channel)
-                pixel[channel] = tint(pixel[channel], channel, strength);
+            const double squared = static_cast<double>(x - position.x) * (x - position.x) +
+                                   static_cast<double>(y - position.y) * (y - position.y);
+            const double strength = std::clamp((radius - std::sqrt(squared)) / kSoftEdge, 0.0, 1.0);
+            tint(pixelAt(image, x, y), static_cast<int>(256 * strength));
         }
     }
 }

@@ -30,6 +30,8 @@ int readDisplayNumber(int descriptor)
     return -1;
 }
 
+std::string nameOf(int number) { return std::string(":").append(std::to_string(number)); }
+
 std::string socketPath(int number) { return "/tmp/.X11-unix/X" + std::to_string(number); }
 
 bool somebodyListens(int number)
@@ -66,7 +68,7 @@ PrivateXServer::~PrivateXServer()
     removeLeftovers();
 }
 
-std::string PrivateXServer::display() const { return ":" + std::to_string(m_number); }
+std::string PrivateXServer::display() const { return nameOf(m_number); }
 
 void PrivateXServer::freeze() { m_server->sendSignal(SIGSTOP); }
 
@@ -93,7 +95,7 @@ void PrivateXServer::start(Screen screen, std::optional<int> number)
             throw std::runtime_error("no pipe for the X server");
         const std::string geometry = std::to_string(screen.width) + "x" + std::to_string(screen.height) +
                                      "x" + std::to_string(screen.depth);
-        const std::vector<std::string> arguments{"Xvfb",       ":" + std::to_string(candidate),
+        const std::vector<std::string> arguments{"Xvfb",       nameOf(candidate),
                                                  "-displayfd", std::to_string(ends[1]),
                                                  "-screen",    "0",
                                                  geometry,     "-nolisten",
