@@ -28,7 +28,7 @@ class InstalledFilesTest : public testing::Test {
 
 TEST_F(InstalledFilesTest, AreFoundInAnInstallation)
 {
-    put("bin/quillora-recorder");
+    put("bin/quillora");
     put("share/quillora/PPT.png");
     put("libexec/quillora/quillora-deck-converter");
     EXPECT_EQ(find().assets, prefix.path() / "share/quillora");

@@ -1,0 +1,206 @@
+#include "app/composition.h"
+
+#include "app/recording_engine_factory.h"
+#include "app/system_wall_clock.h"
+#include "app/thread_sleeper.h"
+
+#include "capture/capture_settings.h"
+#include "capture/random_string.h"
+#include "deck/deck_import.h"
+#include "deck/platform/libreoffice/libreoffice_converter.h"
+#include "deck/platform/libreoffice/office_location.h"
+#include "deck/slide_pen.h"
+#include "deck/slide_viewer.h"
+#include "forms/platform/x11/x11_window_hints.h"
+#include "forms/qt_common_dialog.h"
+#include "forms/qt_message_boxes.h"
+#include "forms/qt_timer.h"
+#include "forms/vantry_frm.h"
+#include "session/command_surface.h"
+#include "session/countdown.h"
+#include "session/main_form.h"
+#include "session/open_command.h"
+#include "session/packaging.h"
+#include "session/platform/posix/replacing_file_copier.h"
+#include "session/platform/pulse/pulse_beeper.h"
+#include "session/platform/zip/libzip_writer.h"
+#include "session/recorder.h"
+#include "session/recording_session.h"
+#include "session/slide_time_index.h"
+#include "session/workspace.h"
+#include "stage/deck_shortcut.h"
+#include "stage/media_selection.h"
+
+#include <QObject>
+
+namespace quillora::app {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The microphone's setting before its dialog exists: a label that keeps the text it was designed with, which
+/// passes the check of Record.
+class DesignedMicrophoneSetting : public session::MicrophoneSetting {
+  public:
+    std::string lblVolPer() override { return "100%"; }
+    void showModal() override {}
+};
+
+} // namespace
+
+/// What touches the world outside: forms, adapters, clocks.
+struct Composition::Platform {
+    explicit Platform(const InstalledFiles& files)
+        : converter(
+              {.program = files.deckConverter, .officeFolders = deck::libreoffice::usualOfficeFolders()})
+    {}
+
+    SystemWallClock clock;
+    ThreadSleeper sleeper;
+    RecordingEngineFactory engines;
+    session::LibzipWriterFactory zip;
+    session::ReplacingFileCopier copier;
+    session::PulseBeeper beeper;
+    deck::libreoffice::LibreOfficeConverter converter;
+    DesignedMicrophoneSetting mic_frm;
+    forms::X11WindowHints windowHints;
+    forms::Vantry_frm window{windowHints};
+    forms::QtMessageBoxes boxes{window};
+    forms::QtCommonDialog CommonDialog1{window};
+};
+
+/// The recorder itself, lowest part first. Timers are part of it since they tick into it.
+struct Composition::Logic {
+    Logic(Platform& platform, const InstalledFiles& files, const session::UserFolders& folders)
+        : workspace(fields, folders),
+          names(platform.clock),
+          viewer({.fields = fields,
+                  .window = platform.window,
+                  .workspace = workspace,
+                  .index = index,
+                  .slide_img = platform.window.slide_img(),
+                  .slide_img_N = platform.window.slide_img_N(),
+                  .slide_img_back = platform.window.slide_img_back(),
+                  .assets = files.assets}),
+          pen(platform.window.slide_img()),
+          packaging({.fields = fields,
+                     .workspace = workspace,
+                     .zip = platform.zip,
+                     .sleeper = platform.sleeper,
+                     .CommonDialog1 = platform.CommonDialog1,
+                     .boxes = platform.boxes,
+                     .copier = platform.copier}),
+          Timer2(50ms, [this] { recorder.Timer2_Timer(); }),
+          recorder({.fields = fields,
+                    .window = platform.window,
+                    .engines = platform.engines,
+                    .settings = settings,
+                    .names = names,
+                    .clock = platform.clock,
+                    .Timer2 = Timer2,
+                    .folders = folders,
+                    .packaging = packaging}),
+          countDown_tmr2(1000ms, [this] { countdown.countDown_tmr2_Timer(); }),
+          countdown({.window = platform.window,
+                     .clock = platform.clock,
+                     .countDown_tmr2 = countDown_tmr2,
+                     .beeper = platform.beeper,
+                     .recorder = recorder,
+                     .assets = files.assets}),
+          session({.fields = fields,
+                   .window = platform.window,
+                   .boxes = platform.boxes,
+                   .mic_frm = platform.mic_frm,
+                   .engines = platform.engines,
+                   .slides = viewer,
+                   .index = index,
+                   .workspace = workspace,
+                   .recorder = recorder,
+                   .countdown = countdown,
+                   .assets = files.assets}),
+          import({.fields = fields,
+                  .window = platform.window,
+                  .CommonDialog1 = platform.CommonDialog1,
+                  .boxes = platform.boxes,
+                  .workspace = workspace,
+                  .converter = platform.converter,
+                  .slides = viewer,
+                  .slide_img = platform.window.slide_img(),
+                  .assets = files.assets}),
+          media({.fields = fields,
+                 .window = platform.window,
+                 .slides = viewer,
+                 .slide_img_back = platform.window.slide_img_back()}),
+          deckShortcut({.slide_img_back = platform.window.slide_img_back(), .deck = import}),
+          open({.fields = fields, .window = platform.window, .deck = import, .media = media}),
+          commands(open, session),
+          mainForm({.fields = fields,
+                    .window = platform.window,
+                    .slides = viewer,
+                    .workspace = workspace,
+                    .session = session})
+    {}
+
+    session::SessionFields fields;
+    capture::CaptureSettings settings;
+    session::Workspace workspace;
+    session::SlideTimeIndex index{fields, workspace};
+    capture::RandomNames names;
+    deck::SlideViewer viewer;
+    deck::SlidePen pen;
+    session::Packaging packaging;
+    forms::QtTimer Timer2;
+    session::Recorder recorder;
+    forms::QtTimer countDown_tmr2;
+    session::Countdown countdown;
+    session::RecordingSession session;
+    deck::DeckImport import;
+    stage::MediaSelection media;
+    stage::DeckShortcut deckShortcut;
+    session::OpenCommand open;
+    session::CommandSurface commands;
+    session::MainForm mainForm;
+};
+
+Composition::Composition(const InstalledFiles& files, const session::UserFolders& folders)
+    : m_platform(std::make_unique<Platform>(files)),
+      m_logic(std::make_unique<Logic>(*m_platform, files, folders))
+{
+    connectForm();
+}
+
+Composition::~Composition() = default;
+
+void Composition::connectForm()
+{
+    auto& logic = *m_logic;
+    auto& window = m_platform->window;
+    using forms::Vantry_frm;
+    const auto connect = [&](auto signal, auto handler) {
+        QObject::connect(&window, signal, &window, handler);
+    };
+    connect(&Vantry_frm::main_TB_ButtonClick,
+            [&](const std::string& key) { logic.commands.main_TB_ButtonClick(key); });
+    connect(&Vantry_frm::navigation_TB_ButtonClick,
+            [&](const std::string& key) { logic.viewer.navigation_TB_ButtonClick(key); });
+    connect(&Vantry_frm::Command10_Click, [&] { logic.viewer.Command10_Click(); });
+    connect(&Vantry_frm::Image1_Click, [&] { logic.deckShortcut.Image1_Click(); });
+    connect(&Vantry_frm::slide_img_MouseDown, [&](int button, int shift, float x, float y) {
+        logic.pen.slide_img_MouseDown(button, shift, x, y);
+    });
+    connect(&Vantry_frm::slide_img_MouseMove, [&](int button, int shift, float x, float y) {
+        logic.pen.slide_img_MouseMove(button, shift, x, y);
+    });
+    connect(&Vantry_frm::slide_img_MouseUp, [&](int button, int shift, float x, float y) {
+        logic.pen.slide_img_MouseUp(button, shift, x, y);
+    });
+    connect(&Vantry_frm::Form_Unload, [&] { logic.mainForm.Form_Unload(); });
+}
+
+void Composition::start()
+{
+    m_logic->mainForm.Form_Load();
+    m_platform->window.show();
+}
+
+} // namespace quillora::app
