@@ -2,8 +2,9 @@
 
 #include "base/pixel_rectangle.h"
 #include "drawing/colour.h"
+#include "drawing/pen.h"
 #include "drawing/raster_image.h"
-#include "drawing/raster_mask.h"
+#include "drawing/shape_painter.h"
 #include "drawing/surface_screen.h"
 #include "drawing/text_rasteriser.h"
 
@@ -14,11 +15,6 @@
 
 namespace quillora::drawing {
 
-/// How the pen meets the pixel: the values are those of the platform's binary raster operations.
-enum class RasterOperation { xorPen = 7, copyPen = 13 };
-/// A dotted pen is always one pixel wide.
-enum class PenStyle { solid = 0, dotted = 2 };
-enum class FillPattern { solid = 0, transparent = 1 };
 enum class ScaleUnit { twips = 1, pixels = 3 };
 /// The parts B and BF of the `Line` operation.
 enum class LineForm { line, box, filledBox };
@@ -33,14 +29,15 @@ enum class LineForm { line, box, filledBox };
 /// than the surface's size explains. On one thread.
 class Surface {
   public:
-    static constexpr int kFarthestCoordinate = 1 << 29;
-    static constexpr int kWidestPen = 4096;
+    static constexpr int kWidestPen = 256;
 
     /// Blank, in @p backColour. Without a screen nothing is told to anyone; without a rasteriser `Print`
     /// draws nothing. Both must outlive the surface. Throws std::length_error for a side above
     /// RasterImage::kLongestSide; a side below 1 gives a surface without pixels.
     Surface(int width, int height, Colour backColour, SurfaceScreen* screen = nullptr,
             TextRasteriser* text = nullptr);
+    Surface(const Surface&) = delete;
+    Surface& operator=(const Surface&) = delete;
 
     RasterOperation DrawMode = RasterOperation::copyPen;
     /// In pixels; below 1 counts as 1, above kWidestPen as that. Pens wider than 1 are round.
@@ -124,15 +121,13 @@ class Surface {
     RasterImage& devicePixels(const base::PixelRectangle& touched);
 
   private:
-    enum class Drawn { bySurface, byDeviceContext };
-    struct Pen;
-    struct Brush;
-
     Pen pen(std::optional<Colour> colour = {}) const;
-    std::optional<Brush> brush() const;
-    int toPixel(double coordinate) const;
-    void paintBackground(const base::PixelRectangle& rectangle);
-    void note(const base::PixelRectangle& touched, Drawn drawn);
+    std::optional<Ink> brush() const;
+    base::PixelPoint toPixel(double x, double y) const;
+    double pixelsPerUnit() const;
+    void paintBackground();
+    void shown(const base::PixelRectangle& changed);
+    void drawnByDevice(const base::PixelRectangle& changed);
 
     Colour m_backColour;
     SurfaceScreen* m_screen;
@@ -140,8 +135,7 @@ class Surface {
     RasterImage m_image;
     RasterImage m_picture;
     base::PixelRectangle m_unshown;
-    RasterMask m_outline;
-    RasterMask m_inside;
+    ShapePainter m_painter{m_image};
 };
 
 } // namespace quillora::drawing

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+namespace quillora::drawing {
+
+/// The outline, one pixel wide, of a box whose corners are quarters of an ellipse, and its inside. With
+/// corners of no size it is a plain box, with corners as large as itself an ellipse. Each side touches its
+/// edge of the box. Rows are worked out each for itself, so that one looks the same whichever others are
+/// asked for.
+class Oval {
+  public:
+    /// The pixels of a row from left to right belong to the outline, but for those from gapLeft to gapRight,
+    /// which are inside. Each in what it names; a gap of nothing has its left right of its right.
+    struct Row {
+        std::int64_t left;
+        std::int64_t right;
+        std::int64_t gapLeft;
+        std::int64_t gapRight;
+
+        bool hasGap() const { return gapLeft <= gapRight; }
+    };
+
+    /// Corners of the box, in it, in any order. The ellipse's sizes are one less than the pixels it takes,
+    /// since its curve runs through the middles of them; a larger one than the box shrinks to it.
+    Oval(std::int64_t oneX, std::int64_t oneY, std::int64_t otherX, std::int64_t otherY,
+         std::int64_t ellipseWidth, std::int64_t ellipseHeight);
+
+    static Oval box(std::int64_t oneX, std::int64_t oneY, std::int64_t otherX, std::int64_t otherY);
+    static Oval ellipse(std::int64_t oneX, std::int64_t oneY, std::int64_t otherX, std::int64_t otherY);
+
+    /// Calls @p visit(y, row) for each row from @p first up to @p end, which is not in it; in no certain
+    /// order.
+    template <typename Visit>
+    void forEachRow(std::int64_t first, std::int64_t end, Visit visit) const;
+
+  private:
+    /// How far the curve has come in from the side where it is @p rows below the top of its corner.
+    double depthAt(double rows) const;
+    Row cornerRow(std::int64_t rows, double depthAbove, double depthBelow) const;
+    template <typename Visit>
+    void forEachCornerRow(std::int64_t first, std::int64_t end, Visit visit) const;
+
+    std::int64_t m_left;
+    std::int64_t m_top;
+    std::int64_t m_right;
+    std::int64_t m_bottom;
+    double m_radiusX;
+    double m_radiusY;
+};
+
+template <typename Visit>
+void Oval::forEachRow(std::int64_t first, std::int64_t end, Visit visit) const
+{
+    const std::int64_t height = m_bottom - m_top + 1;
+    const auto cornerHeight = static_cast<std::int64_t>(m_radiusY) + 1;
+    const std::int64_t straightTop = m_top + std::min(cornerHeight, (height + 1) / 2);
+    const std::int64_t straightEnd = m_bottom + 1 - std::min(cornerHeight, height / 2);
+    forEachCornerRow(std::max(first, m_top) - m_top, std::min(end, straightTop) - m_top,
+                     [&](std::int64_t rows, const Row& row) { visit(m_top + rows, row); });
+    for (std::int64_t y = std::max(first, straightTop); y < std::min(end, straightEnd); ++y)
+        visit(y, Row{m_left, m_right, m_left + 1, m_right - 1});
+    forEachCornerRow(m_bottom - std::min(end - 1, m_bottom), m_bottom + 1 - std::max(first, straightEnd),
+                     [&](std::int64_t rows, const Row& row) { visit(m_bottom - rows, row); });
+}
+
+template <typename Visit>
+void Oval::forEachCornerRow(std::int64_t first, std::int64_t end, Visit visit) const
+{
+    double depthAbove = depthAt(static_cast<double>(first) - 0.5);
+    for (std::int64_t rows = first; rows < end; ++rows) {
+        const double depthBelow = depthAt(static_cast<double>(rows) + 0.5);
+        visit(rows, cornerRow(rows, depthAbove, depthBelow));
+        depthAbove = depthBelow;
+    }
+}
+
+} // namespace quillora::drawing

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "base/pixel_rectangle.h"
+#include "drawing/pen.h"
+#include "drawing/raster_image.h"
+#include "drawing/raster_line.h"
+#include "drawing/raster_mask.h"
+#include "drawing/raster_oval.h"
+
+#include <array>
+#include <optional>
+#include <span>
+
+namespace quillora::drawing {
+
+/// Draws shapes on a picture with a pen and, where they have an inside, a brush. Each pixel of a shape is
+/// touched exactly once: shapes whose runs don't overlap go straight to the picture, all others through a
+/// mask. All operations take any coordinates within reach (see raster_line.h), cost no more than the
+/// picture's size explains, and give a rectangle that holds what they touched.
+class ShapePainter {
+  public:
+    /// @p image must outlive the painter; it may change its size.
+    explicit ShapePainter(RasterImage& image) : m_image(image), m_outline(0, 0), m_inside(0, 0) {}
+
+    /// Without its last pixel, where the pen is one pixel wide; else with round ends.
+    base::PixelRectangle drawLine(const base::PixelPoint& from, const base::PixelPoint& to, const Pen& pen);
+    base::PixelRectangle drawDot(const base::PixelPoint& point, const Pen& pen);
+    base::PixelRectangle drawOval(const Oval& oval, const Pen& pen, std::optional<Ink> brush);
+    base::PixelRectangle drawPolygon(std::span<const base::PixelPoint> points, const Pen& pen,
+                                     std::optional<Ink> brush);
+    base::PixelRectangle drawCurve(const std::array<base::PixelPoint, 4>& points, const Pen& pen);
+
+  private:
+    void emptyMasks();
+    base::PixelRectangle drawThinOval(const Oval& oval, const Pen& pen, std::optional<Ink> brush);
+    base::PixelRectangle drawWideOval(const Oval& oval, const Pen& pen, std::optional<Ink> brush);
+    base::PixelRectangle drawThinLine(const ThinLine& line, const Pen& pen);
+    void addEdge(const base::PixelPoint& from, const base::PixelPoint& to, const Pen& pen);
+    void addInside(std::span<const base::PixelPoint> points);
+    base::PixelRectangle paint(const RasterMask& mask, const Ink& ink);
+
+    RasterImage& m_image;
+    RasterMask m_outline;
+    RasterMask m_inside;
+};
+
+} // namespace quillora::drawing
