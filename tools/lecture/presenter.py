@@ -2,7 +2,7 @@
 import time
 
 from processes import Failure, wait_until
-from window import Window
+from window import BUTTON_ROLES, Window
 
 NOT_SAVED_BOX = "Video presentation is not saved: You must save your video presentation before exit!"
 NO_DECK_BOX = "Please click Open button to load your slides before recording!"
@@ -81,7 +81,7 @@ class Presenter:
         expected = {"first": 1, "pre": max(before - 1, 1), "next": min(before + 1, count), "last": count}[key]
         takes_effect = key in ("first", "last") or expected != before
         at = self.notes.recorded()
-        self.window.press(MOVES[key])
+        self.window.press(MOVES[key], roles=BUTTON_ROLES)
         wait_until(lambda: self.slide() == expected, 10, f"slide {expected} after {key}")
         if takes_effect and self.notes.segments:
             self.notes.moves.append((at, expected))

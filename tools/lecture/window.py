@@ -9,6 +9,7 @@ from gi.repository import Atspi, GLib  # noqa: E402  pylint: disable=wrong-impor
 from processes import Failure, run_to_end, wait_until  # noqa: E402  pylint: disable=wrong-import-position
 
 DIALOG_ROLES = ("dialog", "alert", "file chooser")
+BUTTON_ROLES = ("push button", "button")
 FILE_NAME_FIELD = "File name:"
 
 
