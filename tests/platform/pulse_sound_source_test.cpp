@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <limits>
+
 using namespace quillora::capture;
 using namespace quillora::tests;
 using namespace std::chrono_literals;
@@ -93,6 +96,36 @@ TEST_F(PulseStampsTest, LieShortlyBeforeTheArrival)
         EXPECT_LE(piece.firstSample + length, piece.arrival);
         EXPECT_GT(piece.firstSample + length, piece.arrival - 500ms);
     }
+}
+
+TEST(PulseSoundSourceWithBrokenInput, DeliversSilenceForWhatIsNoNumber)
+{
+    const PrivateSoundServer server(
+        {"module-null-sink sink_name=null norewinds=1 format=float32le rate=44100 channels=1"});
+    const TemporaryFolder folder(TemporaryFolder::Name::plain);
+    const std::string file = folder.path() / "broken";
+    {
+        constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+        constexpr float infinity = std::numeric_limits<float>::infinity();
+        std::ofstream sound(file, std::ios::binary);
+        for (int sample = 0; sample < kSoundRate; ++sample) {
+            const float value = sample % 4 == 0 ? nan : sample % 4 == 1 ? infinity : 0.25F;
+            sound.write(reinterpret_cast<const char*>(&value), sizeof value);
+        }
+    }
+    PulseSoundSource source(server.address());
+    HeardSound heard;
+    source.start(heard);
+    ASSERT_TRUE(heard.has(0.2));
+    ASSERT_EQ(
+        runToEnd({"pacat", "--playback", "--raw", "--format=float32le", "--rate=44100", "--channels=1", file},
+                 server.environment()),
+        0);
+    source.stop();
+    const std::vector<float> samples = heard.samples();
+    EXPECT_GT(std::count(samples.begin(), samples.end(), 0.25F), kSoundRate / 4);
+    EXPECT_TRUE(
+        std::all_of(samples.begin(), samples.end(), [](float sample) { return std::isfinite(sample); }));
 }
 
 TEST_F(PulseSoundSourceTest, DeliversNothingAfterStop)

@@ -271,6 +271,25 @@ TEST_F(X11ScreenSourceTest, KnowsTheScreenAndThePointer)
     EXPECT_EQ(source.pointer(), (PixelPoint{17, 23}));
 }
 
+TEST_F(X11ScreenSourceTest, FollowsAScreenThatShrinksAndGrows)
+{
+    region = {195, 95, 10, 10};
+    grab();
+    EXPECT_EQ(colourAt(image, 9, 9), kBackground);
+    canvas->resizeScreen(200, 100);
+    canvas->fill({0, 0, 200, 100}, kBackground);
+    grab();
+    EXPECT_EQ(source.screen(), (PixelRectangle{0, 0, 200, 100}));
+    EXPECT_EQ(colourAt(image, 4, 4), kBackground);
+    EXPECT_EQ(colourAt(image, 5, 4), 0U);
+    EXPECT_EQ(colourAt(image, 4, 5), 0U);
+    canvas->resizeScreen(320, 240);
+    canvas->fill({0, 0, 320, 240}, kPaper);
+    grab();
+    EXPECT_EQ(source.screen(), (PixelRectangle{0, 0, 320, 240}));
+    EXPECT_EQ(colourAt(image, 9, 9), kPaper);
+}
+
 TEST_F(X11ScreenSourceTest, ReadsScreensOf16Bits)
 {
     PrivateXServer small({64, 32, 16});

@@ -1,5 +1,6 @@
 #include "tests/platform/x_canvas.h"
 
+#include <xcb/randr.h>
 #include <xcb/render.h>
 #include <xcb/xcb.h>
 
@@ -51,6 +52,28 @@ void XCanvas::fill(const capture::PixelRectangle& area, std::uint32_t colour)
                                     static_cast<std::uint16_t>(area.width),
                                     static_cast<std::uint16_t>(area.height)};
     xcb_poly_fill_rectangle(m_connection, m_root, m_context, 1, &rectangle);
+    finish();
+}
+
+void XCanvas::resizeScreen(int width, int height)
+{
+    auto* resources = xcb_randr_get_screen_resources_reply(
+        m_connection, xcb_randr_get_screen_resources(m_connection, m_root), nullptr);
+    if (!resources)
+        throw std::runtime_error("the X server can't change the size of its screen");
+    // The screen may not be smaller than what is shown of it: nothing.
+    const xcb_randr_crtc_t* shown = xcb_randr_get_screen_resources_crtcs(resources);
+    for (int index = 0; index < resources->num_crtcs; ++index)
+        std::free(xcb_randr_set_crtc_config_reply(
+            m_connection,
+            xcb_randr_set_crtc_config(m_connection, shown[index], XCB_CURRENT_TIME,
+                                      resources->config_timestamp, 0, 0, XCB_NONE,
+                                      XCB_RANDR_ROTATION_ROTATE_0, 0, nullptr),
+            nullptr));
+    std::free(resources);
+    constexpr std::uint32_t anyMillimetres = 100;
+    xcb_randr_set_screen_size(m_connection, m_root, static_cast<std::uint16_t>(width),
+                              static_cast<std::uint16_t>(height), anyMillimetres, anyMillimetres);
     finish();
 }
 

@@ -22,6 +22,8 @@ class XCanvas {
 
     /// @p colour is 0xRRGGBB, or a pixel value on screens of other depths.
     void fill(const capture::PixelRectangle& area, std::uint32_t colour);
+    /// Gives the screen another size, which may not be larger than its first one.
+    void resizeScreen(int width, int height);
     void movePointer(int x, int y);
     /// @p pixels are premultiplied ARGB, rows from the top.
     void setCursor(int width, int height, capture::PixelPoint hotSpot, std::vector<std::uint32_t> pixels);

@@ -23,9 +23,7 @@ ChildProcess::Environment PrivateSoundServer::environment() const
             {"PULSE_RUNTIME_PATH", folder},
             {"PULSE_STATE_PATH", folder},
             {"PULSE_COOKIE", folder + "/cookie"},
-            {"PULSE_CLIENTCONFIG", ""},
-            {"PULSE_SOURCE", ""},
-            {"PULSE_SINK", ""}};
+            {"PULSE_CLIENTCONFIG", ""}};
 }
 
 void PrivateSoundServer::freeze() { m_server->sendSignal(SIGSTOP); }
