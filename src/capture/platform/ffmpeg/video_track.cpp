@@ -18,8 +18,7 @@ VideoTrack::VideoTrack(const MediaFormat& format, TakeFrame takeFrame)
       m_framesPerSecond(format.framesPerSecond),
       m_takeFrame(std::move(takeFrame)),
       m_encoder(format),
-      m_rate(format.bitsPerSecond, format.framesPerSecond, m_pixels),
-      m_encoded(format.width, format.height)
+      m_rate(format.bitsPerSecond, format.framesPerSecond, m_pixels)
 {}
 
 void VideoTrack::writePicture(const VideoPicture& picture, std::int64_t changedPixels)
@@ -61,7 +60,7 @@ bool VideoTrack::tryWriteChange(const VideoPicture& picture, std::int64_t change
         return false;
     const auto kind = key ? WmvEncoder::Kind::key : WmvEncoder::Kind::any;
     settleRepeats(kind);
-    m_encoded = picture;
+    m_encoder.show(picture);
     encode(quantiser.value_or(RateControl::kCoarsest), kind, Cause::change, key ? m_pixels : changedPixels);
     m_owed.reset();
     m_owedPixels = 0;
@@ -80,7 +79,7 @@ bool VideoTrack::keyFrameIsDue(std::int64_t changedPixels) const
 void VideoTrack::encode(int quantiser, WmvEncoder::Kind kind, Cause cause, std::int64_t changedPixels)
 {
     settleRepeats(kind);
-    const EncodedFrame frame = m_encoder.encode(m_encoded, quantiser, kind);
+    const EncodedFrame frame = m_encoder.encode(quantiser, kind);
     m_quantiser = quantiser;
     const auto bits = std::int64_t(8 * frame.bytes.size());
     if (cause == Cause::change)
@@ -109,7 +108,7 @@ void VideoTrack::settleRepeats(WmvEncoder::Kind next)
         if (evenWithThisOne || next == WmvEncoder::Kind::key)
             emit(m_encoder.repeat());
         else
-            emit(m_encoder.encode(m_encoded, m_quantiser, WmvEncoder::Kind::any));
+            emit(m_encoder.encode(m_quantiser, WmvEncoder::Kind::any));
     }
     m_holdingRepeat = false;
     m_oddRepeats = false;

@@ -47,10 +47,9 @@ class VideoTrack {
     WmvEncoder m_encoder;
     RateControl m_rate;
 
-    /// The picture that the encoder was given last, or black.
-    VideoPicture m_encoded;
     int m_quantiser = WmvEncoder::kCoarsest;
-    /// A newer one that was too dear to encode, and how much of it is new.
+    /// A picture newer than the one that the encoder shows, which was too dear to encode, and how much of it
+    /// is new.
     std::optional<VideoPicture> m_owed{};
     std::int64_t m_owedPixels = 0;
 

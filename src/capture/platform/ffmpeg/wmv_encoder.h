@@ -32,7 +32,10 @@ class WmvEncoder {
     /// Throws std::runtime_error for a size that the format can't hold: an odd width, nothing, too much.
     explicit WmvEncoder(const MediaFormat& format);
 
-    EncodedFrame encode(const VideoPicture& picture, int quantiser, Kind kind);
+    /// The picture that is encoded from now on.
+    void show(const VideoPicture& picture);
+    /// Encodes the shown picture, black where none was.
+    EncodedFrame encode(int quantiser, Kind kind) { return encodeWith(*m_context, quantiser, kind); }
     /// The frame that repeats.
     EncodedFrame repeat() const { return {m_repeat, false}; }
 
@@ -40,7 +43,7 @@ class WmvEncoder {
 
   private:
     static CodecHandle open(const MediaFormat& format);
-    EncodedFrame encodeWith(AVCodecContext& context, const VideoPicture& picture, int quantiser, Kind kind);
+    EncodedFrame encodeWith(AVCodecContext& context, int quantiser, Kind kind);
 
     CodecHandle m_context;
     FrameHandle m_frame;
