@@ -1,8 +1,7 @@
 #pragma once
 
-#include "base/pixel_rectangle.h"
-
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -29,10 +28,9 @@ class RasterMask {
     /// Costs what was added since it was last empty.
     void clear();
 
-    /// Calls @p visit(y, left, right), right not in it, for each longest run of pixels, by rows. Gives the
-    /// smallest rectangle that holds them.
+    /// Calls @p visit(y, left, right), right not in it, for each longest run of pixels, by rows.
     template <typename Visit>
-    base::PixelRectangle forEachRun(Visit visit) const;
+    void forEachRun(Visit visit) const;
 
   private:
     static constexpr int kWordBits = 64;
@@ -52,49 +50,33 @@ class RasterMask {
 };
 
 template <typename Visit>
-base::PixelRectangle RasterMask::forEachRun(Visit visit) const
+void RasterMask::forEachRun(Visit visit) const
 {
-    base::PixelRectangle box;
+    constexpr int kNone = -1;
     for (int y = m_top; y <= m_bottom; ++y) {
         const Word* words = rowWords(y);
-        int runLeft = -1;
-        int first = -1;
-        int last = -1;
+        int runLeft = kNone;
         for (std::size_t index = 0; index < m_rowWords; ++index) {
-            const int base = static_cast<int>(index) * kWordBits;
-            Word rest = words[index];
-            if (runLeft < 0 && rest == 0)
-                continue;
-            int bit = 0;
-            while (bit < kWordBits) {
-                if (runLeft < 0) {
-                    if (rest == 0)
-                        break;
-                    bit = std::countr_zero(rest);
-                    runLeft = base + bit;
-                    rest |= (Word{1} << bit) - 1;
-                }
-                if (~rest == 0)
+            const int wordLeft = static_cast<int>(index) * kWordBits;
+            const Word word = words[index];
+            // From one change of bits to the next: past the first bit at which a run begins, then at which it
+            // ends.
+            for (int bit = 0; bit < kWordBits;) {
+                const Word rest = (runLeft == kNone ? word : ~word) >> bit;
+                if (rest == 0)
                     break;
-                bit = std::countr_one(rest);
-                if (first < 0)
-                    first = runLeft;
-                last = base + bit;
-                visit(y, runLeft, last);
-                runLeft = -1;
-                rest &= ~((Word{1} << bit) - 1);
+                bit += std::countr_zero(rest);
+                if (runLeft == kNone) {
+                    runLeft = wordLeft + bit;
+                } else {
+                    visit(y, runLeft, wordLeft + bit);
+                    runLeft = kNone;
+                }
             }
         }
-        if (runLeft >= 0) {
-            if (first < 0)
-                first = runLeft;
-            last = m_width;
-            visit(y, runLeft, last);
-        }
-        if (first >= 0)
-            box = base::boundingBox(box, {first, y, last - first, 1});
+        if (runLeft != kNone)
+            visit(y, runLeft, m_width);
     }
-    return box;
 }
 
 } // namespace quillora::drawing
