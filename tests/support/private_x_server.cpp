@@ -60,7 +60,7 @@ int unusedNumber()
 
 } // namespace
 
-PrivateXServer::PrivateXServer(Screen screen, std::optional<int> number) { start(screen, number); }
+PrivateXServer::PrivateXServer(const Screen& screen, std::optional<int> number) { start(screen, number); }
 
 PrivateXServer::~PrivateXServer()
 {
@@ -80,13 +80,13 @@ void PrivateXServer::kill()
     removeLeftovers();
 }
 
-void PrivateXServer::restart(Screen screen)
+void PrivateXServer::restart(const Screen& screen)
 {
     kill();
     start(screen, m_number);
 }
 
-void PrivateXServer::start(Screen screen, std::optional<int> number)
+void PrivateXServer::start(const Screen& screen, std::optional<int> number)
 {
     for (int attempt = 0; attempt < 5; ++attempt) {
         const int candidate = number.value_or(unusedNumber());
@@ -95,11 +95,12 @@ void PrivateXServer::start(Screen screen, std::optional<int> number)
             throw std::runtime_error("no pipe for the X server");
         const std::string geometry = std::to_string(screen.width) + "x" + std::to_string(screen.height) +
                                      "x" + std::to_string(screen.depth);
-        const std::vector<std::string> arguments{"Xvfb",       nameOf(candidate),
-                                                 "-displayfd", std::to_string(ends[1]),
-                                                 "-screen",    "0",
-                                                 geometry,     "-nolisten",
-                                                 "tcp",        "-noreset"};
+        std::vector<std::string> arguments{"Xvfb",       nameOf(candidate),
+                                           "-displayfd", std::to_string(ends[1]),
+                                           "-screen",    "0",
+                                           geometry,     "-nolisten",
+                                           "tcp",        "-noreset"};
+        arguments.insert(arguments.end(), screen.options.begin(), screen.options.end());
         m_server = std::make_unique<ChildProcess>(arguments, ChildProcess::Environment{}, ends[1]);
         close(ends[1]);
         m_number = readDisplayNumber(ends[0]);

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace quillora::tests {
 
@@ -15,11 +16,13 @@ class PrivateXServer {
         int width = 800;
         int height = 600;
         int depth = 24;
+        /// More arguments of Xvfb's.
+        std::vector<std::string> options{};
     };
 
     /// Takes a display number that nobody uses, or @p number. Throws std::runtime_error when no server comes
     /// up.
-    explicit PrivateXServer(Screen screen, std::optional<int> number = std::nullopt);
+    explicit PrivateXServer(const Screen& screen, std::optional<int> number = std::nullopt);
     PrivateXServer() : PrivateXServer(Screen{}) {}
     ~PrivateXServer();
 
@@ -34,10 +37,10 @@ class PrivateXServer {
     /// Kills it without notice.
     void kill();
     /// Starts a server on the same display again.
-    void restart(Screen screen);
+    void restart(const Screen& screen);
 
   private:
-    void start(Screen screen, std::optional<int> number);
+    void start(const Screen& screen, std::optional<int> number);
     void removeLeftovers() const;
 
     std::unique_ptr<ChildProcess> m_server;
