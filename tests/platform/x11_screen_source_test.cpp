@@ -393,7 +393,13 @@ TEST(X11WithAccessControl, IsReachedWithTheUsersCookieOnly)
 /// then.
 class X11ForgottenDamageTest : public testing::Test {
   protected:
-    X11ForgottenDamageTest() { source.grab(region, {}, image); }
+    X11ForgottenDamageTest()
+    {
+        source.grab(region, {}, image);
+        // A server that has just started has something to tell yet.
+        std::this_thread::sleep_for(200ms);
+        source.grab(region, {}, image);
+    }
 
     void changePixel(int x, int y)
     {
@@ -525,6 +531,15 @@ TEST_F(X11PointerTest, IsDrawnAnewWhenItsShapeChanges)
     EXPECT_EQ(colourAt(image, 4, 3), kBackground);
     EXPECT_EQ(colourAt(image, 5, 3), kPaper);
     EXPECT_TRUE(grab().changed.empty());
+}
+
+TEST_F(X11PointerTest, IsDrawnAnewWhenItsColoursAloneChange)
+{
+    grab();
+    canvas->setCursor(3, 2, {1, 0}, {0, kOpaque | kPaper, 0, 0, 0, 0});
+    EXPECT_EQ(grab().changed, (PixelRectangle{4, 3, 3, 2}));
+    EXPECT_EQ(colourAt(image, 4, 3), kBackground);
+    EXPECT_EQ(colourAt(image, 5, 3), kPaper);
 }
 
 TEST_F(X11PointerTest, IsBlendedByItsAlpha)
