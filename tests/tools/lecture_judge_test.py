@@ -79,8 +79,8 @@ class LectureTest(unittest.TestCase):
     def setUp(self):
         self.notes = Notes()
         self.notes.slides = 2
-        self.notes.segments = [[100.0, 105.0]]
-        self.notes.moves = [(3.2, 2)]
+        self.notes.segments = [[(100.0, 100.1), (105.0, 105.1)]]
+        self.notes.moves = [(103.2, 103.4, 2)]
         self.index = FIRST + entry(2, "00:00:03", 3) + "</slides>\r\n"
 
     def video(self, pictures=((1, 3.3), (2, 1.7)), sound="anull", frames="null"):
@@ -125,14 +125,14 @@ class LectureTest(unittest.TestCase):
         self.assert_found(self.faults(self.video(frames="select='not(between(n,30,39))'")), "apart")
 
     def test_a_hole_in_the_sound_is_found(self):
-        self.assert_found(self.faults(self.video(sound="volume=0:enable='between(t,2.5,3.6)'")), "hole at 2.75")
+        self.assert_found(self.faults(self.video(sound="volume=0:enable='between(t,2.5,3.6)'")), "holes at [2.5")
 
     def test_sound_that_skips_is_found(self):
         self.assert_found(self.faults(self.video(sound="aselect='not(between(t,2,2.5))',asetpts=N/SR/TB")),
                           "sound jumps")
 
     def test_a_pause_that_was_not_cut_out_is_found(self):
-        self.notes.segments = [[100.0, 101.0], [103.0, 105.0]]
+        self.notes.segments = [[(100.0, 100.1), (101.0, 101.1)], [(103.0, 103.1), (105.0, 105.1)]]
         self.assert_found(self.faults(self.video()), "without pauses")
 
     def test_an_index_that_lacks_a_move_is_found(self):

@@ -61,7 +61,7 @@ def demonstrate(desktop, arguments):
     out.unlink(missing_ok=True)
     print("Recording: the countdown, then about 30 s.", flush=True)
     dialog = hold_lecture(presenter, shots.take)
-    print(f"Recorded {presenter.notes.recorded():.1f} s; saving.", flush=True)
+    print(f"Recorded about {presenter.notes.recorded()[0]:.0f} s; saving.", flush=True)
     pictures = keep_pictures(desktop)
     presenter.save(dialog, out)
     presenter.acknowledge(SAVED_BOX)

@@ -127,8 +127,11 @@ class Desktop:
         wait_until(native.exists, 20, "the sound server")
         self.control_sound("set-default-sink", "loudspeaker")
         self.control_sound("set-default-source", "lecturer.monitor")
-        self._family.start(["/bin/sh", "-c", 'while paplay --device=lecturer "$1"; do :; done', "sh",
-                            str(self.speech)], self.log("lecturer"))
+        # Over and over without a gap, which playing the file again and again would leave.
+        self._family.start(
+            ["/bin/sh", "-c", 'sox "$1" -t raw -r 48000 -c 2 -e signed -b 16 - repeat - | '
+             'pacat --device=lecturer --rate=48000 --channels=2 --format=s16le --latency-msec=200', "sh",
+             str(self.speech)], self.log("lecturer"))
 
     def control_sound(self, *arguments):
         return run_to_end(["pactl", *arguments], seconds=20, env=self.environment)

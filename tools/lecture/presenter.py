@@ -17,17 +17,35 @@ MOVES = {"first": "First slide", "pre": "Previous slide", "next": "Next slide", 
 
 
 class Notes:
-    """What was done when, in seconds of the recording's own time, for the judge to compare with."""
+    """What was done when. Nobody can tell from outside at what moment the program did something, only between which
+    two moments, on the monotonic clock: so each time is a pair, the earliest and the latest that it can have been."""
 
     def __init__(self):
-        self.moves = []       # (time of the recording, number of the slide then shown)
-        self.segments = []    # [begin, end] of each stretch that was recorded, on the monotonic clock
         self.slides = 0
+        self.begin_recording()
 
-    def recorded(self):
-        """Seconds recorded so far."""
-        now = time.monotonic()
-        return sum((end or now) - begin for begin, end in self.segments)
+    def begin_recording(self):
+        self.segments = []   # [begin, end] of each stretch that was recorded
+        self.moves = []      # (press, answer, number of the slide then shown)
+
+    def recorded(self, until=None):
+        """The least and the most seconds recorded, so far or until a pair of moments."""
+        until = until or (time.monotonic(),) * 2
+        least = most = 0.0
+        for begin, end in self.segments:
+            first, last = min(end or until, until), min(end or until, until)
+            least += max(0.0, first[0] - begin[1])
+            most += max(0.0, last[1] - begin[0])
+        return least, most
+
+    def shown(self):
+        """Each move as (least, most, slide), in seconds of the recording."""
+        return [(*self.recorded((press, answer)), slide) for press, answer, slide in self.moves]
+
+    def pauses(self):
+        """The least and the most seconds of each pause."""
+        return [(after[0][0] - before[1][1], after[0][1] - before[1][0])
+                for before, after in zip(self.segments, self.segments[1:])]
 
 
 class Presenter:
@@ -59,9 +77,8 @@ class Presenter:
 
     def record(self):
         """Presses Record and waits until the countdown is over and the recording runs."""
-        self.notes.moves, self.notes.segments = [], []
+        self.notes.begin_recording()
         self.window.press("Record")
-        pressed = time.monotonic()
         def recording():
             self._check_alive()
             box = self.window.dialog()
@@ -70,9 +87,7 @@ class Presenter:
             elif box:
                 raise Failure(f'Record shows a box: "{self.window.box_text(box)}"')
             return self.window.status("Session") == "Recording ..."
-        wait_until(recording, 30, "the recording to begin")
-        self.notes.segments.append([time.monotonic(), None])
-        return time.monotonic() - pressed
+        self.notes.segments.append([self._between(recording, 30, "the recording to begin"), None])
 
     def move(self, key):
         """Presses "first", "pre", "next" or "last" and waits until the status bar tells the slide."""
@@ -80,11 +95,11 @@ class Presenter:
         before = self.slide()
         expected = {"first": 1, "pre": max(before - 1, 1), "next": min(before + 1, count), "last": count}[key]
         takes_effect = key in ("first", "last") or expected != before
-        at = self.notes.recorded()
+        pressed = time.monotonic()
         self.window.press(MOVES[key], roles=BUTTON_ROLES)
         wait_until(lambda: self.slide() == expected, 10, f"slide {expected} after {key}")
-        if takes_effect and self.notes.segments:
-            self.notes.moves.append((at, expected))
+        if takes_effect:
+            self.notes.moves.append((pressed, time.monotonic(), expected))
         return expected
 
     def slide(self):
@@ -93,24 +108,31 @@ class Presenter:
         return int(text.split()[1].split("/")[0]) if text.startswith("Slide ") else 0
 
     def pause(self):
+        pressed = time.monotonic()
         self.window.press("Pause")
         wait_until(lambda: self.window.status("Session") == "Paused ...", 10, "the pause")
-        self.end_segment()
+        self.notes.segments[-1][1] = pressed, time.monotonic()
 
     def resume(self):
+        pressed = time.monotonic()
         self.window.press("Resume")
         wait_until(lambda: self.window.status("Session") == "Recording ...", 10, "the end of the pause")
-        self.notes.segments.append([time.monotonic(), None])
+        self.notes.segments.append([(pressed, time.monotonic()), None])
 
     def stop(self):
         """Presses Stop; gives the save dialog that follows."""
-        self.end_segment()
-        self.window.press("Stop")
-        return self.save_dialog()
+        return self._end_with(lambda: self.window.press("Stop"))
 
-    def end_segment(self):
-        """Notes that the recording ends now."""
-        self.notes.segments[-1][1] = time.monotonic()
+    def close_in_recording(self):
+        """Closes the window while it records; gives the save dialog that follows."""
+        return self._end_with(self.window.close)
+
+    def _end_with(self, act):
+        began = time.monotonic()
+        act()
+        dialog = self.save_dialog()
+        self.notes.segments[-1][1] = began, time.monotonic()
+        return dialog
 
     def save_dialog(self, seconds=60):
         return self.window.expect_file_dialog(SAVE_TITLE, seconds)
@@ -148,8 +170,24 @@ class Presenter:
 
     def kill(self):
         """Ends the program as a crash does."""
+        began = time.monotonic()
         self._process.kill()
         self._process.wait()
+        self.notes.segments[-1][1] = began, time.monotonic()
+
+    @staticmethod
+    def _between(probe, seconds, what):
+        """Waits for something; gives the last moment at which it was not yet so, and the first at which it was."""
+        last_no = time.monotonic()
+        def ask():
+            nonlocal last_no
+            asked = time.monotonic()
+            if probe():
+                return True
+            last_no = asked
+            return False
+        wait_until(ask, seconds, what)
+        return last_no, time.monotonic()
 
     def _check_alive(self):
         if not self.window.running():

@@ -20,6 +20,7 @@ class Window:
         self._desktop = desktop
         self._process = process
         self._application = None
+        self._known = {}
 
     def appear(self, seconds=60):
         """Waits for the main window."""
@@ -46,17 +47,27 @@ class Window:
         return self.find(name) is not None
 
     def find(self, name, roles=None, within=None):
-        for control in self._showing(within):
-            if _ask(control.get_name) == name and (roles is None or _role(control) in roles):
-                return control
-        return None
+        """The control of that accessible name that can be seen, or None."""
+        def is_it(control):
+            return _ask(control.get_name) == name and (roles is None or _role(control) in roles)
+        return self._remembered((name, roles), is_it, within)
 
     def status(self, subject):
         """What the panel of the status bar about that subject shows; None while the program is too busy to say."""
-        for control in self._showing(self.main_window()):
-            if _role(control) == "label" and _ask(control.get_description) == subject:
-                return _ask(control.get_name)
-        return None
+        def is_it(control):
+            return _role(control) == "label" and _ask(control.get_description) == subject
+        panel = self._remembered(("status", subject), is_it, None)
+        return _ask(panel.get_name) if panel else None
+
+    def _remembered(self, key, is_it, within):
+        """The first control that `is_it`; where it was found before, without a look at all the others."""
+        known = self._known.get(key)
+        if known and within is None and _is_showing(known) and is_it(known):
+            return known
+        found = next((control for control in self._showing(within) if is_it(control)), None)
+        if found and within is None:
+            self._known[key] = found
+        return found
 
     def main_window(self):
         """The one top window that is no dialog."""
