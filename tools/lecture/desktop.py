@@ -90,12 +90,13 @@ class Desktop:
         # Far from the numbers of real displays; the server's own lock settles who gets one.
         first = 20000 + os.getpid() % 20000
         for number in range(first, first + 10):
-            if pathlib.Path(f"/tmp/.X11-unix/X{number}").exists():
+            socket_path = pathlib.Path(f"/tmp/.X11-unix/X{number}")
+            if socket_path.exists():
                 continue
             width, height = self._size
             server = self._family.start(["Xvfb", f":{number}", "-screen", "0", f"{width}x{height}x24",
                                          "-nolisten", "tcp", "-noreset"], self.log("display"))
-            wait_until(lambda: server.poll() is not None or _listens(number), 20, "the display")
+            wait_until(lambda: server.poll() is not None or _listens(socket_path), 20, "the display")
             if server.poll() is None:
                 self.environment["DISPLAY"] = f":{number}"
                 return
@@ -104,7 +105,7 @@ class Desktop:
     def _start_bus(self):
         address = f"unix:path={self._folder}/run/bus"
         self._family.start(["dbus-daemon", "--session", "--nofork", f"--address={address}"], self.log("bus"))
-        wait_until((self._folder / "run" / "bus").exists, 10, "the session bus")
+        wait_until(lambda: _listens(self._folder / "run" / "bus"), 20, "the session bus")
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
         # Asking for it starts the accessibility bus; a client that came before it was up would abort.
         run_to_end(["dbus-send", "--session", "--print-reply=literal", "--dest=org.a11y.Bus",
@@ -124,7 +125,7 @@ class Desktop:
              "-L", "module-null-sink sink_name=lecturer rate=48000",
              "-L", "module-null-sink sink_name=loudspeaker rate=48000",
              "-L", f"module-native-protocol-unix auth-anonymous=1 socket={native}"], self.log("sound"))
-        wait_until(native.exists, 20, "the sound server")
+        wait_until(lambda: _listens(native), 20, "the sound server")
         self.control_sound("set-default-sink", "loudspeaker")
         self.control_sound("set-default-source", "lecturer.monitor")
         # Over and over without a gap, which playing the file again and again would leave.
@@ -143,6 +144,6 @@ class Desktop:
             "the window manager")
 
 
-def _listens(number):
+def _listens(path):
     with socket.socket(socket.AF_UNIX) as probe:
-        return probe.connect_ex(f"/tmp/.X11-unix/X{number}") == 0
+        return probe.connect_ex(str(path)) == 0
