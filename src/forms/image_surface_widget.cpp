@@ -1,11 +1,14 @@
 #include "forms/image_surface_widget.h"
 
+#include "base/skip_failures.h"
 #include "forms/picture_file.h"
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 
 #include <stdexcept>
+#include <utility>
 
 namespace quillora::forms {
 
@@ -33,22 +36,67 @@ ImageSurfaceWidget::ImageSurfaceWidget(Display display, QWidget* parent) : QWidg
 
 void ImageSurfaceWidget::LoadFile(const std::filesystem::path& picture)
 {
-    m_picture = readPicture(picture);
-    pictureChanged();
+    QByteArray file = readPictureFile(picture);
+    if (m_display == Display::fitted) {
+        decodeLater(std::move(file));
+    } else {
+        m_picture = decodePicture(file);
+        pictureChanged();
+    }
     emit pictureLoaded(picture);
 }
 
 void ImageSurfaceWidget::ResizeImage(int width, int height)
 {
-    const QSize size = displayPixels({width, height});
-    if (m_picture.isNull())
+    const QSize size(width, height);
+    if (m_picture.isNull() && !m_undecoded)
         throw std::runtime_error("no picture to resize");
-    if (!isPictureSizeAllowed(size))
+    if (!isPictureSizeAllowed(displayPixels(size)))
         throw std::runtime_error("picture size that is not allowed");
+    if (m_undecoded) {
+        m_undecoded->stretchedTo = size;
+        return;
+    }
+    stretch(size);
+    // What follows a slide change, such as the preview, must not keep the slide from the audience.
+    if (m_display == Display::actualSize)
+        repaint();
+}
+
+void ImageSurfaceWidget::stretch(QSize formPixels)
+{
+    const QSize size = displayPixels(formPixels);
     if (m_picture.size() != size)
         m_picture = m_picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     m_picture.setDevicePixelRatio(devicePixelRatioF());
     pictureChanged();
+}
+
+void ImageSurfaceWidget::decodeLater(QByteArray file)
+{
+    // Were this one damaged, the one before it would have to be there.
+    decodeNow();
+    m_undecoded = Undecoded{std::move(file), {}};
+    QTimer::singleShot(0, this, &ImageSurfaceWidget::decodeNow);
+}
+
+void ImageSurfaceWidget::decodeNow()
+{
+    const auto undecoded = std::exchange(m_undecoded, std::nullopt);
+    if (!undecoded)
+        return;
+    base::skipFailures([&] {
+        m_picture = decodePicture(undecoded->file);
+        if (!undecoded->stretchedTo.isEmpty())
+            stretch(undecoded->stretchedTo);
+        pictureChanged();
+    });
+}
+
+const QImage& ImageSurfaceWidget::picture()
+{
+    decodeNow();
+    return m_picture;
 }
 
 void ImageSurfaceWidget::NewImage(int width, int height)
@@ -61,12 +109,14 @@ void ImageSurfaceWidget::NewImage(int width, int height)
         throw std::runtime_error("no memory for a picture");
     blank.fill(Qt::white);
     blank.setDevicePixelRatio(devicePixelRatioF());
+    m_undecoded.reset();
     m_picture = blank;
     pictureChanged();
 }
 
 void ImageSurfaceWidget::DrawSegment(int x1, int y1, int x2, int y2)
 {
+    decodeNow();
     if (m_picture.isNull())
         throw std::runtime_error("no picture to draw on");
     const QLineF line(x1, y1, x2, y2);

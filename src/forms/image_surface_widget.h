@@ -2,11 +2,13 @@
 
 #include "deck/image_surface.h"
 
+#include <QByteArray>
 #include <QImage>
 #include <QPen>
 #include <QWidget>
 
 #include <filesystem>
+#include <optional>
 
 namespace quillora::forms {
 
@@ -19,9 +21,15 @@ class ImageSurfaceWidget : public QWidget, public deck::ImageSurface {
 
   public:
     enum class Display {
-        /// One pixel of the picture on one of the form, from the top left corner.
+        /// One pixel of the picture on one of the form, from the top left corner. A stretched picture is on
+        /// the screen
+        /// when ResizeImage() returns.
         actualSize,
-        /// The whole picture, in whatever room the widget has.
+        /// The whole picture, in whatever room the widget has. A picture is decoded when the events that are
+        /// waiting
+        /// have been handled, so that the slide on the stage does not wait for the preview of the next one; a
+        /// file
+        /// that turns out to be damaged then leaves what was there.
         fitted,
     };
 
@@ -33,7 +41,7 @@ class ImageSurfaceWidget : public QWidget, public deck::ImageSurface {
     void DrawSegment(int x1, int y1, int x2, int y2) override;
 
     /// The held picture; its device pixel ratio is that of the display once it was resized.
-    const QImage& picture() const { return m_picture; }
+    const QImage& picture();
 
   signals:
     void pictureLoaded(const std::filesystem::path& picture);
@@ -50,11 +58,21 @@ class ImageSurfaceWidget : public QWidget, public deck::ImageSurface {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
+    struct Undecoded {
+        QByteArray file;
+        /// In pixels of the form; empty while nothing asked for another size.
+        QSize stretchedTo;
+    };
+
     QSize displayPixels(QSize formPixels) const;
+    void stretch(QSize formPixels);
+    void decodeLater(QByteArray file);
+    void decodeNow();
     void pictureChanged();
 
     Display m_display;
     QImage m_picture;
+    std::optional<Undecoded> m_undecoded;
     /// Of Display::fitted: the picture in the widget's size, null until it is painted.
     QImage m_shown;
     QPen m_pen{Qt::black, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};

@@ -85,7 +85,7 @@ NotesPanel::NotesPanel(QWidget* parent) : QWidget(parent)
     column->addWidget(navigation);
     column->addSpacing(6);
 
-    column->addWidget(makeLabel(tr("Next slide"), "caption", this));
+    column->addWidget(makeLabel(tr("Up next"), "caption", this));
     column->addWidget(makePreviewFrame(m_preview, this));
     column->addSpacing(6);
 

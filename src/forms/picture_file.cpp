@@ -1,5 +1,6 @@
 #include "forms/picture_file.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QImageReader>
 #include <QPainter>
@@ -9,6 +10,9 @@
 namespace quillora::forms {
 
 namespace {
+
+/// No picture of an allowed size needs more, whatever its kind.
+constexpr qint64 kMaximumFileBytes = 256LL * 1024 * 1024;
 
 QImage opaque(QImage picture)
 {
@@ -20,6 +24,18 @@ QImage opaque(QImage picture)
     return flat;
 }
 
+/// Reads no more than the head of the file.
+void checkHead(QImageReader& reader)
+{
+    reader.setDecideFormatFromContent(true);
+    // Drawings that can name other files, such as SVG, are no pictures here.
+    const QByteArray format = reader.format();
+    if (format != "png" && format != "jpeg" && format != "gif" && format != "bmp")
+        throw std::runtime_error("no picture");
+    if (!isPictureSizeAllowed(reader.size()))
+        throw std::runtime_error("picture of a size that is not allowed");
+}
+
 } // namespace
 
 bool isPictureSizeAllowed(QSize size)
@@ -29,20 +45,32 @@ bool isPictureSizeAllowed(QSize size)
            static_cast<long long>(size.width()) * size.height() <= kMaximumPicturePixels;
 }
 
-QImage readPicture(const std::filesystem::path& file)
+QByteArray readPictureFile(const std::filesystem::path& file)
 {
-    QImageReader reader(QFile::decodeName(file.c_str()));
-    reader.setDecideFormatFromContent(true);
-    // Drawings that can name other files, such as SVG, are no pictures here.
-    const QByteArray format = reader.format();
-    if (format != "png" && format != "jpeg" && format != "gif" && format != "bmp")
-        throw std::runtime_error("no picture: " + file.string());
-    if (!isPictureSizeAllowed(reader.size()))
-        throw std::runtime_error("picture of a size that is not allowed: " + file.string());
+    QFile opened(QFile::decodeName(file.c_str()));
+    if (!opened.open(QIODevice::ReadOnly))
+        throw std::runtime_error("picture can't be read: " + file.string());
+    if (opened.size() > kMaximumFileBytes)
+        throw std::runtime_error("picture file of a size that is not allowed: " + file.string());
+    QByteArray contents = opened.readAll();
+    QBuffer buffer(&contents);
+    QImageReader reader(&buffer);
+    checkHead(reader);
+    return contents;
+}
+
+QImage decodePicture(const QByteArray& file)
+{
+    QBuffer buffer;
+    buffer.setData(file);
+    QImageReader reader(&buffer);
+    checkHead(reader);
     QImage picture;
     if (!reader.read(&picture))
-        throw std::runtime_error("picture can't be read: " + file.string());
+        throw std::runtime_error("picture is damaged");
     return opaque(std::move(picture));
 }
+
+QImage readPicture(const std::filesystem::path& file) { return decodePicture(readPictureFile(file)); }
 
 } // namespace quillora::forms

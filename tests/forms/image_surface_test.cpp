@@ -52,6 +52,7 @@ class ImageSurfaceTest : public testing::Test {
 
     tests::TemporaryFolder folder;
     ImageSurfaceWidget surface{ImageSurfaceWidget::Display::actualSize, nullptr};
+    ImageSurfaceWidget preview{ImageSurfaceWidget::Display::fitted, nullptr};
 };
 
 } // namespace
@@ -189,4 +190,48 @@ TEST_F(ImageSurfaceTest, LosesPenLinesWithThePicture)
     EXPECT_NE(surface.picture(), picture);
     surface.LoadFile(file);
     EXPECT_EQ(surface.picture(), picture);
+}
+
+TEST_F(ImageSurfaceTest, PreviewTakesThePictureOfTheLastFileAndSize)
+{
+    preview.LoadFile(save(busyPicture({32, 18}), "first.png"));
+    preview.ResizeImage(746, 420);
+    preview.LoadFile(save(plainPicture({64, 36}, Qt::red), "second.png"));
+    preview.ResizeImage(373, 210);
+    tests::settle(20);
+    EXPECT_EQ(preview.picture(), plainPicture({373, 210}, Qt::red));
+}
+
+TEST_F(ImageSurfaceTest, PreviewDoesNotNeedTheFileOnceItIsLoaded)
+{
+    const QImage picture = busyPicture({32, 18});
+    const auto file = save(picture, "gone.png");
+    preview.LoadFile(file);
+    std::filesystem::remove(file);
+    EXPECT_EQ(preview.picture(), picture);
+}
+
+TEST_F(ImageSurfaceTest, PreviewRefusesWhatIsNoPictureAndKeepsADamagedOneOut)
+{
+    const QImage picture = busyPicture({64, 36});
+    const auto file = save(picture, "good.png");
+    preview.LoadFile(file);
+    tests::writeFile(folder.path() / "text.png", "This is no picture.");
+    EXPECT_THROW(preview.LoadFile(folder.path() / "text.png"), std::runtime_error);
+    EXPECT_THROW(preview.LoadFile(folder.path() / "missing.png"), std::runtime_error);
+    EXPECT_THROW(preview.LoadFile(pngThatClaims(30000, 30000)), std::runtime_error);
+    const std::string good = tests::readFile(file);
+    tests::writeFile(folder.path() / "half.png", good.substr(0, good.size() / 2));
+    preview.LoadFile(folder.path() / "half.png");
+    preview.ResizeImage(746, 420);
+    tests::settle(20);
+    EXPECT_EQ(preview.picture(), picture);
+}
+
+TEST_F(ImageSurfaceTest, PreviewForgetsAnUndecodedFileWhenItBecomesBlank)
+{
+    preview.LoadFile(save(busyPicture({64, 36}), "good.png"));
+    preview.NewImage(10, 10);
+    tests::settle(20);
+    EXPECT_EQ(preview.picture(), plainPicture({10, 10}, Qt::white));
 }

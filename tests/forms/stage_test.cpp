@@ -169,6 +169,18 @@ TEST_F(StageTest, NextSlideIsSeenWholeInThePreview)
         tests::waitUntil([&] { return probe.grab(area) == plainPicture(area.size(), Qt::darkGreen); }));
 }
 
+TEST_F(StageTest, SlideIsOnTheScreenBeforeWhatFollowsTheChange)
+{
+    ASSERT_TRUE(shown);
+    const QImage picture = busyPicture({747, 420});
+    showOnStage(picture);
+    // The event loop does not turn here.
+    QDeadlineTimer deadline(5000);
+    while (grabStage() != picture && !deadline.hasExpired())
+        QThread::msleep(5);
+    EXPECT_EQ(grabStage(), picture);
+}
+
 TEST_F(StageTest, EraseButtonIsCommand10)
 {
     int clicks = 0;
