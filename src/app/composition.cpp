@@ -106,6 +106,7 @@ struct Composition::Logic {
                      .countDown_tmr2 = countDown_tmr2,
                      .beeper = platform.beeper,
                      .recorder = recorder,
+                     .announcement = platform.engines,
                      .assets = files.assets}),
           session({.fields = fields,
                    .window = platform.window,

@@ -7,12 +7,16 @@
 
 namespace quillora::app {
 
+RecordingEngineFactory::RecordingEngineFactory()
+    : m_sound(std::make_shared<capture::SoundStandby>(std::make_unique<capture::PulseSoundSource>()))
+{}
+
 std::unique_ptr<capture::CaptureEngine> RecordingEngineFactory::create()
 {
     using namespace capture;
     return std::make_unique<RecordingEngine>(CapturePorts{
         .openScreen = [] { return std::make_unique<X11ScreenSource>(); },
-        .openSound = [] { return std::make_unique<PulseSoundSource>(); },
+        .openSound = [sound = m_sound] { return sound->source(); },
         .openWriter = [](const MediaFormat& format) { return std::make_unique<AsfWriter>(format); },
     });
 }

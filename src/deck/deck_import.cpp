@@ -71,6 +71,7 @@ std::string DeckImport::askForDeck()
     dialog.DialogTitle = "Open PowerPoint File";
     dialog.Filter = "PowerPoint 2003 (*.ppt)|*.ppt|PowerPoint 2007/2010 (*.pptx)|*.pptx|"
                     "PowerPointShow (*.pps)|*.pps";
+    m_ports.converter.prepare();
     skipFailures([&] { dialog.ShowOpen(); });
     return dialog.FileName;
 }

@@ -50,6 +50,9 @@ class PresentationApplication {
 class PresentationConverter {
   public:
     virtual ~PresentationConverter() = default;
+    /// A deck is about to be chosen: what takes time to start can start behind the presenter's choice. Returns
+    /// at once; a failure shows in createApplication().
+    virtual void prepare() noexcept = 0;
     /// `create Application`, invisible.
     virtual std::unique_ptr<PresentationApplication> createApplication() = 0;
 };

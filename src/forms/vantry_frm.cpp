@@ -179,7 +179,11 @@ capture::PixelRectangle Vantry_frm::stageRectangle() const
             physical(m_stage->width()), physical(m_stage->height())};
 }
 
-void Vantry_frm::processPendingEvents() { QCoreApplication::processEvents(); }
+void Vantry_frm::processPendingEvents()
+{
+    // A second press of Stop that waits behind the first must not run the stop inside itself.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
 
 void Vantry_frm::closeEvent(QCloseEvent* event)
 {

@@ -19,6 +19,7 @@ void Countdown::countDown()
     m_countDownLeft = kSeconds;
     m_ports.window.setCountdownVisible(true);
     m_ports.countDown_tmr2.enable();
+    m_ports.announcement.recordingIsNear();
 }
 
 void Countdown::countDown_tmr2_Timer()

@@ -5,6 +5,7 @@
 #include "session/beeper.h"
 #include "session/main_window.h"
 #include "session/recorder.h"
+#include "session/recording_announcement.h"
 
 #include <chrono>
 #include <filesystem>
@@ -23,6 +24,7 @@ class Countdown {
         base::Timer& countDown_tmr2;
         Beeper& beeper;
         Recorder& recorder;
+        RecordingAnnouncement& announcement;
         /// Folder of the pictures "5s.gif" to "1s.gif" and "records.gif".
         std::filesystem::path assets;
     };

@@ -43,7 +43,7 @@ class MainWindow {
     /// The stage `Picture1` on the screen, in physical pixels.
     virtual capture::PixelRectangle stageRectangle() const = 0;
 
-    /// Handles the events that are waiting, then returns.
+    /// Handles the events that are waiting, except what the presenter does, then returns.
     virtual void processPendingEvents() = 0;
 };
 

@@ -57,6 +57,8 @@ void Packaging::pack()
 void Packaging::askForName()
 {
     auto& dialog = m_ports.CommonDialog1;
+    // The dialog is shared with Open, whose choice of a file type means nothing here.
+    dialog.FilterIndex = kContainerFilter;
     for (;;) {
         dialog.Filter = "Advanced Systems Format (*.asf)|*.asf|Windows Media Video (*.wmv)|*.wmv";
         dialog.DialogTitle = "Save Video Presentation As";

@@ -88,13 +88,17 @@ void Recorder::configureEngine()
 void Recorder::configureRegion()
 {
     capture::PixelRectangle stage;
-    skipFailures([&] { stage = m_ports.window.stageRectangle(); },
-                 [&] { captureEngine().setCaptureMode(capture::CaptureMode::rectangle); },
-                 [&] { captureEngine().setTop(stage.top); }, [&] { captureEngine().setLeft(stage.left); },
-                 [&] { captureEngine().setWidth(stage.width); },
-                 [&] { captureEngine().setHeight(stage.height); },
-                 [&] { captureEngine().setOutputWidth(capture::kOutputWidth); },
-                 [&] { captureEngine().setOutputHeight(capture::kOutputHeight); });
+    skipFailures(
+        [&] {
+            // Not assigned in one step: g++ 12 then drops the empty rectangle that a failure leaves.
+            const auto found = m_ports.window.stageRectangle();
+            stage = found;
+        },
+        [&] { captureEngine().setCaptureMode(capture::CaptureMode::rectangle); },
+        [&] { captureEngine().setTop(stage.top); }, [&] { captureEngine().setLeft(stage.left); },
+        [&] { captureEngine().setWidth(stage.width); }, [&] { captureEngine().setHeight(stage.height); },
+        [&] { captureEngine().setOutputWidth(capture::kOutputWidth); },
+        [&] { captureEngine().setOutputHeight(capture::kOutputHeight); });
 }
 
 void Recorder::nameTheVideo()

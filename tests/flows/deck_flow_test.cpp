@@ -6,6 +6,13 @@ namespace {
 using DeckFlow = LectureWorld;
 using Calls = std::vector<std::string>;
 
+TEST_F(DeckFlow, ADialog_LetsTheConverterStartBehindThePresentersChoice)
+{
+    CommonDialog1.willBeCancelled();
+    press("open");
+    EXPECT_EQ(converter.prepared, 1);
+}
+
 TEST_F(DeckFlow, OpeningADeck_ShowsItsFirstSlide)
 {
     openDeck(12);

@@ -17,6 +17,7 @@
 #include "tests/support/fake_message_boxes.h"
 #include "tests/support/fake_microphone_setting.h"
 #include "tests/support/fake_presentation_converter.h"
+#include "tests/support/fake_recording_announcement.h"
 #include "tests/support/fake_sleeper.h"
 #include "tests/support/fake_slide_panel.h"
 #include "tests/support/fake_timer.h"
@@ -50,6 +51,7 @@ class LectureWorld : public testing::Test {
     FakeCommonDialog CommonDialog1{log};
     FakeMicrophoneSetting mic_frm{log};
     FakeBeeper beeper{log};
+    FakeRecordingAnnouncement announcement{};
     FakeCaptureEngineFactory engines{log};
     FakeZipWriterFactory zip{log};
     FakeSleeper sleeper{log};
@@ -73,7 +75,7 @@ class LectureWorld : public testing::Test {
     stage::DeckShortcut deckShortcut{{slide_img_back, deckImport}};
     session::Packaging packaging{{fields, workspace, zip, sleeper, CommonDialog1, boxes, copier}};
     session::Recorder recorder{{fields, window, engines, settings, names, clock, Timer2, folders, packaging}};
-    session::Countdown countdown{{window, clock, countDown_tmr2, beeper, recorder, assets}};
+    session::Countdown countdown{{window, clock, countDown_tmr2, beeper, recorder, announcement, assets}};
     session::RecordingSession session{
         {fields, window, boxes, mic_frm, engines, viewer, index, workspace, recorder, countdown, assets}};
     session::OpenCommand open{{fields, window, deckImport, media}};

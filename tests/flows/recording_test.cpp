@@ -27,6 +27,19 @@ TEST_F(Recording, ALecture_GoesFromTheDeckToOneSavedFile)
               "Congratulations!\r\rYour video presentation has been saved successfully!");
 }
 
+TEST_F(Recording, IsAnnouncedWithTheCountdown_SoThatTheSoundIsThereFromTheFirstFrame)
+{
+    openDeck();
+    press("record");
+    EXPECT_EQ(announcement.times, 1);
+}
+
+TEST_F(Recording, IsNotAnnouncedWhereThereIsNoDeck)
+{
+    press("record");
+    EXPECT_EQ(announcement.times, 0);
+}
+
 TEST_F(Recording, Record_BeforeADeckWasOpened_AsksForOne)
 {
     press("record");

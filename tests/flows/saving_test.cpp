@@ -40,6 +40,13 @@ TEST_F(Saving, ShowsTheSameDialogEachTime)
     }
 }
 
+TEST_F(Saving, ProposesTheContainerWhateverKindOfDeckWasOpened)
+{
+    CommonDialog1.FilterIndex = 2;
+    stopAndSave();
+    EXPECT_EQ(CommonDialog1.shown.back().FilterIndex, 1);
+}
+
 TEST_F(Saving, ByTheFirstFilter_KeepsTheContainer)
 {
     stopAndSave("lecture.asf", 1);

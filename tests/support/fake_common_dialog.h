@@ -25,6 +25,7 @@ class FakeCommonDialog : public base::CommonDialog {
         std::string DialogTitle{};
         std::string Filter{};
         std::string DefaultExt{};
+        int FilterIndex = 0;
     };
 
     explicit FakeCommonDialog(CallLog& callLog) : log(callLog) {}
@@ -45,7 +46,7 @@ class FakeCommonDialog : public base::CommonDialog {
     void show(const std::string& kind)
     {
         log.add(kind);
-        shown.push_back({FileName, DialogTitle, Filter, DefaultExt});
+        shown.push_back({FileName, DialogTitle, Filter, DefaultExt, FilterIndex});
         if (m_answers.empty())
             throw std::runtime_error("the dialog was shown once too often");
         const auto answer = m_answers.front();

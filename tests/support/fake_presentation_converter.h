@@ -20,6 +20,9 @@ class FakePresentationConverter : public deck::PresentationConverter {
     /// What an Export of any slide was told.
     std::string exportSize{};
 
+    int prepared = 0;
+
+    void prepare() noexcept override { ++prepared; }
     std::unique_ptr<deck::PresentationApplication> createApplication() override;
 };
 

@@ -38,10 +38,8 @@ class LibreOfficeConverter final : public PresentationConverter {
     explicit LibreOfficeConverter(LibreOfficeSetup setup);
     ~LibreOfficeConverter() override;
 
-    /// Starts the process for the next deck and returns at once; called when a deck is about to be chosen, it
-    /// hides LibreOffice's start behind the presenter's choice. Never throws: a failure shows when it
-    /// matters.
-    void prepare() noexcept;
+    /// Starts the process for the next deck, which makes itself ready behind the presenter's choice.
+    void prepare() noexcept override;
 
     /// Throws std::runtime_error where there is no LibreOffice or no converter program, or it does not start.
     std::unique_ptr<PresentationApplication> createApplication() override;
