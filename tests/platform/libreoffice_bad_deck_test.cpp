@@ -70,6 +70,12 @@ TEST_F(LibreOfficeConverterTest, ADamagedDeckGivesPicturesOrAFailureAndTheNextDe
     EXPECT_EQ(import(deckFile("deck.fodp", plainDeck("#ff0000"))), 1);
 }
 
+TEST_F(LibreOfficeConverterTest, ADeckWithoutSlidesHasTheBlankOneThatLibreOfficeGivesIt)
+{
+    EXPECT_EQ(import(deckFile("none.fodp", tests::FlatDeck(25.4, 19.05).text())), 1);
+    EXPECT_TRUE(series(1).isNear(640, 480, 0xffffff));
+}
+
 /// Decks that are kept beside the repository where they are at hand.
 struct KnownDeck {
     const char* name;

@@ -7,6 +7,7 @@
 #include <poll.h>
 #include <signal.h>
 #include <sys/socket.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -88,6 +89,41 @@ TEST_P(ConfinedConverterTest, WhatADeckNamesIsNeitherShownNorFetched)
         EXPECT_TRUE(series(n).isNear(300, 300, 0xffffff))
             << "slide " << n << ": " << series(n).describe(300, 300);
     EXPECT_TRUE(series(4).isNear(300, 300, 0xff0000));
+}
+
+/// How many processes have @p text in their command line.
+int processesWith(const std::string& text)
+{
+    int count = 0;
+    std::error_code error;
+    for (fs::directory_iterator entry("/proc", error), end; !error && entry != end; entry.increment(error)) {
+        if (tests::readFile(entry->path() / "cmdline").find(text) != std::string::npos)
+            ++count;
+    }
+    return count;
+}
+
+TEST_P(ConfinedConverterTest, NoProcessOutlivesARecorderThatIsKilled)
+{
+    // A copy, so that its processes can be told from others.
+    const tests::TemporaryFolder programs(tests::TemporaryFolder::Name::plain);
+    m_setup.program = programs.path() / "converter";
+    m_setup.confinement = GetParam();
+    fs::copy_file(QUILLORA_DECK_CONVERTER, m_setup.program);
+    const pid_t recorder = ::fork();
+    if (recorder == 0) {
+        LibreOfficeConverter converter(m_setup);
+        const std::unique_ptr<PresentationApplication> application = converter.createApplication();
+        converter.prepare();
+        ::kill(::getpid(), SIGKILL);
+    }
+    ASSERT_GT(recorder, 0);
+    int status = 0;
+    ASSERT_EQ(::waitpid(recorder, &status, 0), recorder);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    for (int i = 0; i < 200 && processesWith(programs.path().string()) > 0; ++i)
+        std::this_thread::sleep_for(50ms);
+    EXPECT_EQ(processesWith(programs.path().string()), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(LibreOffice, ConfinedConverterTest,
