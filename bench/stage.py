@@ -35,7 +35,8 @@ def cpu_seconds(process_id):
 class Stage:
     """The display and the sound server. Everything that was started ends with the block."""
 
-    def __init__(self, display=220):
+    def __init__(self, display=220, source="module-null-sink sink_name=stage"):
+        self.source = source
         self.folder = tempfile.mkdtemp(prefix="quillora-bench-")
         self.display = f":{display}"
         self.processes = []
@@ -51,7 +52,7 @@ class Stage:
         self.sound_server = self.start(
             ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
              "-L", "module-native-protocol-unix auth-anonymous=1 socket=" + os.path.join(self.folder, "socket"),
-             "-L", "module-null-sink sink_name=stage"])
+             "-L", self.source.format(folder=self.folder)])
         for command in (["xdpyinfo"], ["pactl", "info"]):
             self.wait_for(command)
         return self
@@ -133,8 +134,8 @@ class Stage:
 
     # Who records it.
 
-    def ours(self, out, seconds, rate=24):
-        return [program("record_screen"), out, "0", "0", str(WIDTH), str(HEIGHT), str(seconds), str(rate)]
+    def ours(self, out, seconds, rate=24, options=()):
+        return [program("record_screen"), out, "0", "0", str(WIDTH), str(HEIGHT), str(seconds), str(rate), *options]
 
     def peer(self, out, seconds, rate=24):
         return ["ffmpeg", "-nostdin", "-loglevel", "error", "-y", "-f", "x11grab", "-framerate", str(rate),

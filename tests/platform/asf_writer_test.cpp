@@ -223,6 +223,7 @@ TEST_F(AsfWriterTest, PutsASoundAtTheMomentAtWhichItWasHeard)
         ++first;
     const double heard = media.soundStart + double(first) / media.soundRate - media.frames[0].seconds;
     EXPECT_NEAR(heard, 1.0, 0.01);
+    EXPECT_NEAR(media.soundStart, media.frames[0].seconds, 0.01) << "for players that ignore the first stamp";
 }
 
 TEST_F(AsfWriterTest, SurvivesSoundThatNoSoundCardGives)

@@ -10,6 +10,10 @@ namespace quillora::capture {
 namespace {
 
 constexpr std::int64_t kBitsPerSecond = 96'000;
+/// Packets without sound of their own, and their distance in samples: packets must not have the same time,
+/// and the file counts in milliseconds.
+constexpr std::int64_t kLeadPackets = 2;
+constexpr std::int64_t kLeadDistance = kSoundRate / 1000 + 1;
 
 float mended(float sample) { return std::isfinite(sample) ? std::clamp(sample, -1.0F, 1.0F) : 0.0F; }
 
@@ -32,6 +36,7 @@ WmaEncoder::WmaEncoder(TakePacket takePacket)
     m_frame->format = m_context->sample_fmt;
     checked(av_channel_layout_copy(&m_frame->ch_layout, &m_context->ch_layout), "cannot describe the sound");
     checked(av_frame_get_buffer(m_frame.get(), 0), "cannot allocate a block of sound");
+    m_waiting.resize(std::size_t(m_context->frame_size));
 }
 
 void WmaEncoder::write(std::span<const float> samples)
@@ -48,9 +53,9 @@ void WmaEncoder::write(std::span<const float> samples)
 
 void WmaEncoder::finish()
 {
-    const auto block = std::size_t(m_context->frame_size);
-    // The last block is heard with the packet after it.
-    m_waiting.resize((m_waiting.empty() ? 1 : 2) * block);
+    if (m_waiting.empty())
+        return;
+    m_waiting.resize(std::size_t(m_context->frame_size));
     write({});
 }
 
@@ -59,8 +64,10 @@ void WmaEncoder::encodeBlock(std::span<const float> samples)
     // Silence can always be encoded. A packet less would move all later sound.
     if (!tryEncode(samples) && !tryEncode(std::vector<float>(samples.size())))
         throw std::runtime_error("cannot encode sound");
-    if (m_blocks++ > 0)
-        m_takePacket({m_packet->data, std::size_t(m_packet->size)}, (m_blocks - 2) * m_context->frame_size);
+    const std::int64_t time =
+        std::max(m_blocks * kLeadDistance, (m_blocks - kLeadPackets) * std::int64_t{m_context->frame_size});
+    ++m_blocks;
+    m_takePacket({m_packet->data, std::size_t(m_packet->size)}, time);
 }
 
 bool WmaEncoder::tryEncode(std::span<const float> samples)

@@ -11,9 +11,10 @@ namespace quillora::capture {
 
 /// Sound as WMA2 packets, one channel at 96 kb/s.
 ///
-/// A decoder gives each packet's sound one packet later, since packets overlap by half. The packet that only
-/// primes it is left out, so that the first packet handed on belongs at time zero and sound keeps its moment;
-/// its first 46 ms fade in.
+/// Packets overlap by half, so that a decoder has a packet's sound complete with the one after it; and
+/// FFmpeg's decoder throws away what the first two packets give. Therefore a block of silence goes first, and
+/// the first two packets are squeezed into the first moments: what comes out first then is the first sound,
+/// at time zero.
 class WmaEncoder {
   public:
     using TakePacket = std::function<void(std::span<const std::uint8_t> bytes, std::int64_t firstSample)>;
