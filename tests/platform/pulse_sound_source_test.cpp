@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <limits>
 
@@ -176,6 +177,24 @@ TEST_F(PulseSoundSourceTest, HearsAgainWhenTheServerComesBack)
     ASSERT_TRUE(heard.has(1.5));
     source.stop();
     EXPECT_NEAR(amplitudeAt(440, lastSecond()), kToneAmplitude, 0.02);
+}
+
+TEST_F(PulseSoundSourceTest, KeepsNoDescriptorsOfConnectionsThatItLost)
+{
+    const auto descriptors = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                             std::filesystem::directory_iterator());
+    };
+    const auto before = descriptors();
+    source.start(heard);
+    for (int round = 0; round < 3; ++round) {
+        ASSERT_TRUE(heard.has(0.2));
+        server.restart();
+        heard.forget();
+    }
+    ASSERT_TRUE(heard.has(0.2));
+    source.stop();
+    EXPECT_EQ(descriptors(), before);
 }
 
 TEST_F(PulseSoundSourceTest, HearsAServerThatStartsLater)

@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <limits>
@@ -700,6 +701,23 @@ TEST_F(X11ScreenSourceTest, ThrowsInTimeWhenTheServerDoesNotTakeItsConnection)
     }
     server.thaw();
     EXPECT_TRUE(happensWithin(10s, [&] { return grabWorks(); }));
+}
+
+TEST_F(X11ScreenSourceTest, KeepsNoDescriptorsOfConnectionsThatItLost)
+{
+    const auto descriptors = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                             std::filesystem::directory_iterator());
+    };
+    grab();
+    canvas.reset();
+    const auto before = descriptors();
+    for (int round = 0; round < 3; ++round) {
+        server.restart({320, 240, 24});
+        ASSERT_TRUE(happensWithin(10s, [&] { return !grabWorks(); }));
+        ASSERT_TRUE(happensWithin(10s, [&] { return grabWorks(); }));
+    }
+    EXPECT_EQ(descriptors(), before);
 }
 
 TEST_F(X11ScreenSourceTest, KeepsNoMoreSharedMemoryThanItsTwoPictures)
