@@ -5,11 +5,26 @@
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QStyleFactory>
 
 namespace quillora::forms {
 
 namespace {
+
+/// The style of the toolkit, less the coloured icons that it puts on the buttons of dialogs.
+class Style : public QProxyStyle {
+  public:
+    Style() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override
+    {
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+            return 0;
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
 
 QPalette lightPalette()
 {
@@ -43,7 +58,7 @@ QFont textFont()
 
 void applyLook(QApplication& application)
 {
-    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setStyle(new Style);
     application.setPalette(lightPalette());
     application.setFont(textFont());
     application.setWindowIcon(QIcon(QStringLiteral(":/quillora/quillora.svg")));

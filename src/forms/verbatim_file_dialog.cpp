@@ -2,14 +2,31 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QTreeView>
 
 namespace quillora::forms {
+
+namespace {
+
+/// Wide enough for long names beside their dates.
+constexpr QSize kSize{820, 500};
+constexpr int kNameColumn = 0;
+constexpr int kKindColumn = 2;
+
+} // namespace
 
 VerbatimFileDialog::VerbatimFileDialog(QWidget* owner) : QFileDialog(owner)
 {
     setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
     setFileMode(QFileDialog::AnyFile);
+    resize(kSize);
+    if (auto* details = findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        details->header()->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
+        details->hideColumn(kKindColumn);
+    }
 }
 
 void VerbatimFileDialog::propose(const QString& path)

@@ -13,8 +13,10 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
 using namespace quillora;
 
@@ -41,17 +43,21 @@ int main(int argc, char** argv)
         return RUN_ALL_TESTS();
 
     const tests::TemporaryFolder home(tests::TemporaryFolder::Name::plain);
-    const tests::PrivateXServer server({.width = 2200, .height = 1300});
+    const tests::PrivateXServer server(
+        {.width = QUILLORA_TEST_SCREEN_WIDTH, .height = QUILLORA_TEST_SCREEN_HEIGHT});
     ::setenv("DISPLAY", server.display().c_str(), 1);
     ::setenv("HOME", home.path().c_str(), 1);
     ::setenv("XDG_RUNTIME_DIR", home.path().c_str(), 1);
     ::setenv("QT_QPA_PLATFORM", "xcb", 1);
     ::setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "0", 1);
     ::setenv("QT_SCALE_FACTOR", QUILLORA_TEST_SCALE_FACTOR, 1);
-    const tests::ChildProcess windowManager({"openbox", "--sm-disable"});
-    if (!windowManagerRuns()) {
-        std::fputs("no window manager came up\n", stderr);
-        return 1;
+    std::optional<tests::ChildProcess> windowManager;
+    if (*QUILLORA_TEST_WINDOW_MANAGER != '\0') {
+        windowManager.emplace(std::vector<std::string>{QUILLORA_TEST_WINDOW_MANAGER});
+        if (!windowManagerRuns()) {
+            std::fputs("no window manager came up\n", stderr);
+            return 1;
+        }
     }
 
     QApplication application(argc, argv);

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QImageReader>
 #include <QLabel>
 #include <QMovie>
 #include <QScreen>
@@ -101,12 +102,10 @@ TEST_F(MainWindowTest, PlaysTheCountdown)
 
 TEST_F(MainWindowTest, CountdownPictureLastsASecond)
 {
-    QMovie movie(tests::text(kAssets / "5s.gif"));
+    QImageReader reader(tests::text(kAssets / "5s.gif"));
     int milliseconds = 0;
-    for (int i = 0; i < movie.frameCount(); ++i) {
-        ASSERT_TRUE(movie.jumpToFrame(i));
-        milliseconds += movie.nextFrameDelay();
-    }
+    while (!reader.read().isNull())
+        milliseconds += reader.nextImageDelay();
     EXPECT_EQ(milliseconds, 1000);
 }
 
