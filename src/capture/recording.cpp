@@ -17,14 +17,15 @@ using namespace std::chrono_literals;
 constexpr std::size_t kMostPictures = 12;
 /// Sound that waits for the writer, 30 s.
 constexpr std::size_t kMostSoundSamples = 30 * std::size_t{kSoundRate};
-/// Sound that hasn't come by then is taken to be none.
-constexpr auto kSoundPatience = 400ms;
+/// Sound that hasn't come by then is taken to be none. Until then pictures wait for it in memory, and would be lost
+/// if the process were killed.
+constexpr auto kSoundPatience = 1s;
 /// At the end, for the sound that was recorded but not delivered yet.
 constexpr auto kLastSoundPatience = 150ms;
 constexpr auto kLastSoundInterval = 10ms;
 /// A still picture and sound are written in this rhythm; a new picture is written at once.
 constexpr auto kWriteInterval = 200ms;
-constexpr auto kFlushInterval = 500ms;
+constexpr auto kFlushInterval = 250ms;
 /// How long the caller waits for the disk, and how often a display that isn't there is looked for again.
 constexpr auto kOpenPatience = 2s;
 constexpr auto kEndPatience = 5s;
