@@ -56,7 +56,7 @@ def demonstrate(desktop, arguments):
     status = presenter.open_deck(arguments.deck.resolve())
     print(f"{arguments.deck}: {status}", flush=True)
     if presenter.notes.slides == 0:
-        print("The deck gives no slides; the lecture is recorded with what stands on the stage.", flush=True)
+        return record_without_slides(presenter)
     shots.take("deck")
     out.unlink(missing_ok=True)
     print("Recording: the countdown, then about 30 s.", flush=True)
@@ -76,6 +76,17 @@ def demonstrate(desktop, arguments):
         return 1
     print("All of it is right.")
     return 0
+
+
+def record_without_slides(presenter):
+    """What is left to show of a deck that nobody can read."""
+    print("The deck gives no slides. Recording what stands on the stage, for 5 s.", flush=True)
+    presenter.record()
+    presenter.wait(5)
+    presenter.stop_without_slides()
+    presenter.leave()
+    raise Failure("no lecture was saved: the recorder goes on after a deck that it cannot read, and records, but "
+                  "without a first slide there is nothing to pack, and Stop ends without a save dialog")
 
 
 def hold_lecture(presenter, take_shot=lambda name: None):

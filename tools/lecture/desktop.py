@@ -131,7 +131,7 @@ class Desktop:
         # Over and over without a gap, which playing the file again and again would leave.
         self._family.start(
             ["/bin/sh", "-c", 'sox "$1" -t raw -r 48000 -c 2 -e signed -b 16 - repeat - | '
-             'pacat --device=lecturer --rate=48000 --channels=2 --format=s16le --latency-msec=200', "sh",
+             'pacat --device=lecturer --rate=48000 --channels=2 --format=s16le --latency-msec=2000', "sh",
              str(self.speech)], self.log("lecturer"))
 
     def control_sound(self, *arguments):

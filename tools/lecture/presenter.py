@@ -60,20 +60,23 @@ class Presenter:
 
     def open_deck(self, path, seconds=120):
         """Opens a deck and gives the status text, such as "Slide 1/14"."""
-        before = self.window.status("Slide")
         self.window.press("Open")
         dialog = self.window.expect_file_dialog(OPEN_TITLE)
         self.window.enter_file_name(dialog, str(path))
         self.window.keys("Return")
         wait_until(lambda: not self.window.dialog(), 20, "the open dialog to close")
-        def imported():
-            self._check_alive()
-            return (self.window.status("Session") == "Ready..."
-                    and self.window.status("Slide") not in (None, "", "Slide", before)) or None
-        wait_until(imported, seconds, f"the deck {path} to be opened")
+        # The program answers nothing while it imports. Asked twice, since the first answer may be one that it gave
+        # between the end of the dialog and the begin of the import.
+        for _ in range(2):
+            time.sleep(0.2)
+            wait_until(self._is_ready, seconds, f"the deck {path} to be opened")
         status = self.window.status("Slide")
         self.notes.slides = int(status.split("/")[1])
         return status
+
+    def _is_ready(self):
+        self._check_alive()
+        return self.window.status("Session") == "Ready..."
 
     def record(self):
         """Presses Record and waits until the countdown is over and the recording runs."""
@@ -122,6 +125,13 @@ class Presenter:
     def stop(self):
         """Presses Stop; gives the save dialog that follows."""
         return self._end_with(lambda: self.window.press("Stop"))
+
+    def stop_without_slides(self):
+        """Presses Stop in a recording of a deck that gave no slides: there is nothing to pack, and no dialog."""
+        began = time.monotonic()
+        self.window.press("Stop")
+        wait_until(self._is_ready, 60, "the recording to stop")
+        self.notes.segments[-1][1] = began, time.monotonic()
 
     def close_in_recording(self):
         """Closes the window while it records; gives the save dialog that follows."""
