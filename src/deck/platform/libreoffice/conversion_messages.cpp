@@ -86,9 +86,12 @@ Request readRequest(Words& words)
 std::string line(std::string_view name, std::initializer_list<int> numbers)
 {
     std::string text(name);
-    for (const int number : numbers)
-        text += ' ' + std::to_string(number);
-    return text + '\n';
+    for (const int number : numbers) {
+        text += ' ';
+        text += std::to_string(number);
+    }
+    text += '\n';
+    return text;
 }
 
 struct LineOf {
