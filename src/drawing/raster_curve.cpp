@@ -59,14 +59,14 @@ base::PixelPoint toPixel(const Place& place)
     return {base::roundToInt(place.x), base::roundToInt(place.y)};
 }
 
-void flatten(const Curve& curve, const base::PixelRectangle& window, int depth, CurvePieces& pieces)
+void flatten(const Curve& curve, const base::PixelRectangle& window, int depth, std::vector<Edge>& pieces)
 {
     // Sixteen halvings straighten the largest curve that coordinates can tell; more only guard the recursion.
     constexpr int kDeepest = 24;
     if (misses(curve, window))
         return;
     if (depth == kDeepest || isFlat(curve)) {
-        pieces.emplace_back(toPixel(curve.front()), toPixel(curve.back()));
+        pieces.push_back({toPixel(curve.front()), toPixel(curve.back())});
         return;
     }
     const auto [first, second] = halves(curve);
@@ -76,13 +76,14 @@ void flatten(const Curve& curve, const base::PixelRectangle& window, int depth, 
 
 } // namespace
 
-CurvePieces flattenCurve(const std::array<base::PixelPoint, 4>& points, const base::PixelRectangle& window)
+std::vector<Edge> flattenCurve(const std::array<base::PixelPoint, 4>& points,
+                               const base::PixelRectangle& window)
 {
     Curve curve;
     std::transform(points.begin(), points.end(), curve.begin(), [](const base::PixelPoint& point) {
         return Place{static_cast<double>(point.x), static_cast<double>(point.y)};
     });
-    CurvePieces pieces;
+    std::vector<Edge> pieces;
     flatten(curve, window, 0, pieces);
     return pieces;
 }

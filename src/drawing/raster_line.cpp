@@ -1,6 +1,7 @@
 #include "drawing/raster_line.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace quillora::drawing {

@@ -13,6 +13,12 @@ inline constexpr int kFarthestCoordinate = 1 << 29;
 
 base::PixelPoint heldWithinReach(const base::PixelPoint& point);
 
+/// A straight piece of an outline.
+struct Edge {
+    base::PixelPoint from;
+    base::PixelPoint to;
+};
+
 enum class LastPixel { drawn, leftOut };
 
 /// A line one pixel wide, as far as it lies in a rectangle: one pixel in each column, or in each row where it

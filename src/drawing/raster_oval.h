@@ -1,7 +1,10 @@
 #pragma once
 
+#include "drawing/round_pen.h"
+
 #include <algorithm>
 #include <cstdint>
+#include <vector>
 
 namespace quillora::drawing {
 
@@ -14,10 +17,10 @@ class Oval {
     /// The pixels of a row from left to right belong to the outline, but for those from gapLeft to gapRight,
     /// which are inside. Each in what it names; a gap of nothing has its left right of its right.
     struct Row {
-        std::int64_t left;
-        std::int64_t right;
-        std::int64_t gapLeft;
-        std::int64_t gapRight;
+        std::int64_t left = 0;
+        std::int64_t right = 0;
+        std::int64_t gapLeft = 0;
+        std::int64_t gapRight = 0;
 
         bool hasGap() const { return gapLeft <= gapRight; }
     };
@@ -29,6 +32,11 @@ class Oval {
 
     static Oval box(std::int64_t oneX, std::int64_t oneY, std::int64_t otherX, std::int64_t otherY);
     static Oval ellipse(std::int64_t oneX, std::int64_t oneY, std::int64_t otherX, std::int64_t otherY);
+
+    std::int64_t left() const { return m_left; }
+    std::int64_t top() const { return m_top; }
+    std::int64_t right() const { return m_right; }
+    std::int64_t bottom() const { return m_bottom; }
 
     /// Calls @p visit(y, row) for each row from @p first up to @p end, which is not in it; in no certain
     /// order.
@@ -73,6 +81,52 @@ void Oval::forEachCornerRow(std::int64_t first, std::int64_t end, Visit visit) c
         const double depthBelow = depthAt(static_cast<double>(rows) + 0.5);
         visit(rows, cornerRow(rows, depthAbove, depthBelow));
         depthAbove = depthBelow;
+    }
+}
+
+/// The same with an outline that a round pen draws along the thin one. A row of it is again one outline with
+/// one gap: the runs of neighbouring rows touch, and so do what the pen makes of them.
+class WideOval {
+  public:
+    WideOval(const Oval& oval, int penWidth) : m_oval(oval), m_penWidth(penWidth), m_pen(penWidth) {}
+
+    /// Calls @p visit(y, row) for each row from 0 up to @p end, which is not in it, from top to bottom.
+    template <typename Visit>
+    void forEachRow(std::int64_t end, Visit visit) const;
+
+  private:
+    Oval m_oval;
+    int m_penWidth;
+    RoundPen m_pen;
+};
+
+template <typename Visit>
+void WideOval::forEachRow(std::int64_t end, Visit visit) const
+{
+    const std::int64_t thinTop = std::max<std::int64_t>(m_oval.top(), -m_penWidth);
+    const std::int64_t thinEnd = std::min<std::int64_t>(m_oval.bottom() + 1, end + m_penWidth);
+    if (thinTop >= thinEnd)
+        return;
+    std::vector<Oval::Row> thin(static_cast<std::size_t>(thinEnd - thinTop));
+    m_oval.forEachRow(thinTop, thinEnd, [&](std::int64_t y, const Oval::Row& row) {
+        thin[static_cast<std::size_t>(y - thinTop)] = row;
+    });
+    const std::int64_t first = std::max<std::int64_t>(thinTop - m_penWidth, 0);
+    for (std::int64_t y = first; y < std::min(thinEnd + m_penWidth, end); ++y) {
+        Oval::Row swept{m_oval.right() + m_penWidth, m_oval.left() - m_penWidth, m_oval.left() - m_penWidth,
+                        m_oval.right() + m_penWidth};
+        for (const RoundPen::Row& pen : m_pen.rows()) {
+            const std::int64_t from = y - pen.down;
+            if (from < thinTop || from >= thinEnd)
+                continue;
+            const Oval::Row& row = thin[static_cast<std::size_t>(from - thinTop)];
+            swept.left = std::min(swept.left, row.left + pen.left);
+            swept.right = std::max(swept.right, row.right + pen.right);
+            swept.gapLeft = std::max(swept.gapLeft, row.gapLeft + pen.right);
+            swept.gapRight = std::min(swept.gapRight, row.gapRight + pen.left);
+        }
+        if (swept.left <= swept.right)
+            visit(y, swept);
     }
 }
 

@@ -8,24 +8,18 @@ namespace quillora::drawing {
 /// What a round pen covers when it stands on one pixel, row by row.
 class RoundPen {
   public:
-    explicit RoundPen(int width);
-
-    /// Calls @p visit(y, left, right), both in it, for all that the pen covers while it moves along row @p y
-    /// from
-    /// @p left to @p right.
-    template <typename Visit>
-    void sweep(std::int64_t y, std::int64_t left, std::int64_t right, Visit visit) const
-    {
-        for (const Row& row : m_rows)
-            visit(y + row.down, left + row.left, right + row.right);
-    }
-
-  private:
+    /// Counted from that pixel; left and right are both in the row.
     struct Row {
         std::int64_t down;
         std::int64_t left;
         std::int64_t right;
     };
+
+    explicit RoundPen(int width);
+
+    const std::vector<Row>& rows() const { return m_rows; }
+
+  private:
     std::vector<Row> m_rows;
 };
 

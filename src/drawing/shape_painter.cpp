@@ -1,12 +1,12 @@
 #include "drawing/shape_painter.h"
 
 #include "drawing/raster_curve.h"
-#include "drawing/round_pen.h"
 #include "drawing/run_painter.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <vector>
 
 namespace quillora::drawing {
 
@@ -29,6 +29,8 @@ void forEachDot(const RasterImage& image, std::int64_t y, std::int64_t left, std
         if (isDot(left == right ? y : x))
             visit(y, x, x);
 }
+
+bool overlapIsHidden(const Pen& pen) { return pen.ink.operation == RasterOperation::copyPen; }
 
 template <typename Visit>
 void forEachOutlineRun(std::int64_t y, const Oval::Row& row, Visit visit)
@@ -62,22 +64,14 @@ void walk(const ThinLine& line, RasterImage& image, std::ptrdiff_t step, std::pt
 base::PixelRectangle ShapePainter::drawLine(const base::PixelPoint& from, const base::PixelPoint& to,
                                             const Pen& pen)
 {
-    if (pen.width == 1)
-        return drawThinLine(ThinLine(from, to, LastPixel::leftOut, m_image.bounds()), pen);
-    RunPainter painter(m_image, pen.ink);
-    WideLine(from, to, pen.width)
-        .forEachRun(m_image.height(),
-                    [&](int y, std::int64_t left, std::int64_t right) { painter.paint(y, left, right); });
-    return painter.touched();
+    return pen.width == 1 ? drawThinLine(ThinLine(from, to, LastPixel::leftOut, m_image.bounds()), pen)
+                          : drawWideLine({from, to}, pen);
 }
 
 base::PixelRectangle ShapePainter::drawDot(const base::PixelPoint& point, const Pen& pen)
 {
-    if (pen.width > 1)
-        return drawLine(point, point, pen);
-    RunPainter painter(m_image, pen.ink);
-    painter.paint(point.y, point.x, point.x);
-    return painter.touched();
+    const std::array dot{Edge{point, point}};
+    return drawEdges(dot, pen);
 }
 
 base::PixelRectangle ShapePainter::drawThinLine(const ThinLine& line, const Pen& pen)
@@ -110,19 +104,23 @@ base::PixelRectangle ShapePainter::drawThinLine(const ThinLine& line, const Pen&
     return line.box();
 }
 
-base::PixelRectangle ShapePainter::drawOval(const Oval& oval, const Pen& pen, std::optional<Ink> brush)
+base::PixelRectangle ShapePainter::drawWideLine(const Edge& edge, const Pen& pen)
 {
-    return pen.width == 1 ? drawThinOval(oval, pen, brush) : drawWideOval(oval, pen, brush);
+    RunPainter painter(m_image, pen.ink);
+    WideLine(edge.from, edge.to, pen.width)
+        .forEachRun(m_image.height(),
+                    [&](int y, std::int64_t left, std::int64_t right) { painter.paint(y, left, right); });
+    return painter.touched();
 }
 
-base::PixelRectangle ShapePainter::drawThinOval(const Oval& oval, const Pen& pen, std::optional<Ink> brush)
+base::PixelRectangle ShapePainter::drawOval(const Oval& oval, const Pen& pen, std::optional<Ink> brush)
 {
     RunPainter outline(m_image, pen.ink);
     RunPainter inside(m_image, brush.value_or(Ink{}));
     const auto paintOutline = [&](std::int64_t y, std::int64_t left, std::int64_t right) {
         outline.paint(y, left, right);
     };
-    oval.forEachRow(0, m_image.height(), [&](std::int64_t y, const Oval::Row& row) {
+    const auto paintRow = [&](std::int64_t y, const Oval::Row& row) {
         forEachOutlineRun(y, row, [&](std::int64_t runY, std::int64_t left, std::int64_t right) {
             if (pen.style == PenStyle::dotted)
                 forEachDot(m_image, runY, left, right, paintOutline);
@@ -131,27 +129,12 @@ base::PixelRectangle ShapePainter::drawThinOval(const Oval& oval, const Pen& pen
         });
         if (brush && row.hasGap())
             inside.paint(y, row.gapLeft, row.gapRight);
-    });
+    };
+    if (pen.width == 1)
+        oval.forEachRow(0, m_image.height(), paintRow);
+    else
+        WideOval(oval, pen.width).forEachRow(m_image.height(), paintRow);
     return base::boundingBox(outline.touched(), inside.touched());
-}
-
-base::PixelRectangle ShapePainter::drawWideOval(const Oval& oval, const Pen& pen, std::optional<Ink> brush)
-{
-    emptyMasks();
-    const RoundPen roundPen(pen.width);
-    oval.forEachRow(-pen.width, m_image.height() + pen.width, [&](std::int64_t y, const Oval::Row& row) {
-        forEachOutlineRun(y, row, [&](std::int64_t runY, std::int64_t left, std::int64_t right) {
-            roundPen.sweep(runY, left, right,
-                           [&](std::int64_t penY, std::int64_t penLeft, std::int64_t penRight) {
-                               m_outline.addSpan(penY, penLeft, penRight);
-                           });
-        });
-        if (brush && row.hasGap())
-            m_inside.addSpan(y, row.gapLeft, row.gapRight);
-    });
-    m_inside.subtract(m_outline);
-    const base::PixelRectangle outline = paint(m_outline, pen.ink);
-    return base::boundingBox(outline, paint(m_inside, brush.value_or(Ink{})));
 }
 
 base::PixelRectangle ShapePainter::drawPolygon(std::span<const base::PixelPoint> points, const Pen& pen,
@@ -159,79 +142,92 @@ base::PixelRectangle ShapePainter::drawPolygon(std::span<const base::PixelPoint>
 {
     if (points.size() < 2)
         return {};
-    emptyMasks();
-    const auto addOutline = [&](const Pen& with) {
-        for (std::size_t index = 0; index < points.size(); ++index)
-            addEdge(points[index], points[(index + 1) % points.size()], with);
-    };
+    std::vector<Edge> edges;
+    for (std::size_t index = 0; index < points.size(); ++index)
+        edges.push_back({points[index], points[(index + 1) % points.size()]});
+    base::PixelRectangle touched;
     if (brush) {
+        RasterMask& inside = emptied(m_inside);
+        addInside(edges, inside);
         // The gaps of a dotted outline let through what was there, not the brush.
-        addOutline({pen.ink, pen.width, PenStyle::solid});
-        addInside(points);
-        m_inside.subtract(m_outline);
-        if (pen.style == PenStyle::dotted)
-            m_outline.clear();
+        if (pen.style == PenStyle::dotted || !overlapIsHidden(pen)) {
+            RasterMask& outline = emptied(m_outline);
+            addEdges(edges, {pen.ink, pen.width, PenStyle::solid}, outline);
+            inside.subtract(outline);
+        }
+        touched = paint(inside, *brush);
     }
-    if (!brush || pen.style == PenStyle::dotted)
-        addOutline(pen);
-    const base::PixelRectangle outline = paint(m_outline, pen.ink);
-    return base::boundingBox(outline, paint(m_inside, brush.value_or(Ink{})));
+    return base::boundingBox(touched, drawEdges(edges, pen));
 }
 
 base::PixelRectangle ShapePainter::drawCurve(const std::array<base::PixelPoint, 4>& points, const Pen& pen)
 {
-    emptyMasks();
     const base::PixelRectangle reach{-pen.width, -pen.width, m_image.width() + 2 * pen.width,
                                      m_image.height() + 2 * pen.width};
-    for (const auto& [from, to] : flattenCurve(points, reach))
-        addEdge(from, to, pen);
-    return paint(m_outline, pen.ink);
+    return drawEdges(flattenCurve(points, reach), pen);
 }
 
-void ShapePainter::addEdge(const base::PixelPoint& from, const base::PixelPoint& to, const Pen& pen)
+base::PixelRectangle ShapePainter::drawEdges(std::span<const Edge> edges, const Pen& pen)
 {
-    if (pen.width > 1) {
-        WideLine(from, to, pen.width)
-            .forEachRun(m_image.height(), [&](int y, std::int64_t left, std::int64_t right) {
-                m_outline.addSpan(y, left, right);
-            });
-        return;
+    if (edges.size() > 1 && !overlapIsHidden(pen)) {
+        RasterMask& outline = emptied(m_outline);
+        addEdges(edges, pen, outline);
+        return paint(outline, pen.ink);
     }
-    const ThinLine line(from, to, LastPixel::drawn, m_image.bounds());
-    for (int index = 0; index < line.count(); ++index) {
-        const base::PixelPoint pixel = line.pixel(index);
-        if (pen.style == PenStyle::solid || isDot(line.firstStep() + index))
-            m_outline.addSpan(pixel.y, pixel.x, pixel.x);
+    base::PixelRectangle touched;
+    for (const Edge& edge : edges) {
+        const base::PixelRectangle drawn =
+            pen.width > 1
+                ? drawWideLine(edge, pen)
+                : drawThinLine(ThinLine(edge.from, edge.to, LastPixel::drawn, m_image.bounds()), pen);
+        touched = base::boundingBox(touched, drawn);
+    }
+    return touched;
+}
+
+void ShapePainter::addEdges(std::span<const Edge> edges, const Pen& pen, RasterMask& mask) const
+{
+    for (const Edge& edge : edges) {
+        if (pen.width > 1) {
+            WideLine(edge.from, edge.to, pen.width)
+                .forEachRun(m_image.height(), [&](int y, std::int64_t left, std::int64_t right) {
+                    mask.addSpan(y, left, right);
+                });
+            continue;
+        }
+        const ThinLine line(edge.from, edge.to, LastPixel::drawn, m_image.bounds());
+        for (int index = 0; index < line.count(); ++index) {
+            const base::PixelPoint pixel = line.pixel(index);
+            if (pen.style == PenStyle::solid || isDot(line.firstStep() + index))
+                mask.addSpan(pixel.y, pixel.x, pixel.x);
+        }
     }
 }
 
-void ShapePainter::addInside(std::span<const base::PixelPoint> points)
+void ShapePainter::addInside(std::span<const Edge> edges, RasterMask& mask) const
 {
-    for (std::size_t index = 0; index < points.size(); ++index) {
-        const base::PixelPoint& one = points[index];
-        const base::PixelPoint& other = points[(index + 1) % points.size()];
-        const base::PixelPoint& upper = one.y < other.y ? one : other;
-        const base::PixelPoint& lower = one.y < other.y ? other : one;
-        // A row through a corner crosses just one of its two edges, or both, or neither: as it does just
-        // below.
-        const std::int64_t first = std::max(upper.y, 0);
-        const std::int64_t end = std::min(lower.y, m_image.height());
+    for (const Edge& edge : edges) {
+        const base::PixelPoint& upper = edge.from.y < edge.to.y ? edge.from : edge.to;
+        const base::PixelPoint& lower = edge.from.y < edge.to.y ? edge.to : edge.from;
+        // A row through a corner crosses just one of its two edges, or both, or neither, as just below the
+        // corner.
+        const int first = std::max(upper.y, 0);
+        const int end = std::min(lower.y, m_image.height());
         const double slope = (lower.x - upper.x) / std::max(1.0, static_cast<double>(lower.y) - upper.y);
-        for (std::int64_t y = first; y < end; ++y)
-            m_inside.toggleFrom(
-                y, upper.x + static_cast<std::int64_t>(std::ceil(slope * static_cast<double>(y - upper.y))));
+        for (int y = first; y < end; ++y) {
+            const double across = slope * (static_cast<double>(y) - upper.y);
+            mask.toggleFrom(y, upper.x + static_cast<std::int64_t>(std::ceil(across)));
+        }
     }
-    m_inside.settleEdges();
+    mask.settleEdges();
 }
 
-void ShapePainter::emptyMasks()
+RasterMask& ShapePainter::emptied(RasterMask& mask) const
 {
-    if (m_outline.width() != m_image.width() || m_outline.height() != m_image.height()) {
-        m_outline = RasterMask(m_image.width(), m_image.height());
-        m_inside = m_outline;
-    }
-    m_outline.clear();
-    m_inside.clear();
+    if (mask.width() != m_image.width() || mask.height() != m_image.height())
+        mask = RasterMask(m_image.width(), m_image.height());
+    mask.clear();
+    return mask;
 }
 
 base::PixelRectangle ShapePainter::paint(const RasterMask& mask, const Ink& ink)

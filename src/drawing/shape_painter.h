@@ -13,8 +13,9 @@
 
 namespace quillora::drawing {
 
-/// Draws shapes on a picture with a pen and, where they have an inside, a brush. Each pixel of a shape is
-/// touched exactly once: shapes whose runs don't overlap go straight to the picture, all others through a
+/// Draws shapes on a picture with a pen and, where they have an inside, a brush, so that each pixel of a
+/// shape is touched exactly once as far as can be seen: shapes whose runs don't overlap go straight to the
+/// picture; the overlapping pieces of others do so under the copy pen, which hides it, and else through a
 /// mask. All operations take any coordinates within reach (see raster_line.h), cost no more than the
 /// picture's size explains, and give a rectangle that holds what they touched.
 class ShapePainter {
@@ -31,12 +32,13 @@ class ShapePainter {
     base::PixelRectangle drawCurve(const std::array<base::PixelPoint, 4>& points, const Pen& pen);
 
   private:
-    void emptyMasks();
-    base::PixelRectangle drawThinOval(const Oval& oval, const Pen& pen, std::optional<Ink> brush);
-    base::PixelRectangle drawWideOval(const Oval& oval, const Pen& pen, std::optional<Ink> brush);
     base::PixelRectangle drawThinLine(const ThinLine& line, const Pen& pen);
-    void addEdge(const base::PixelPoint& from, const base::PixelPoint& to, const Pen& pen);
-    void addInside(std::span<const base::PixelPoint> points);
+    base::PixelRectangle drawWideLine(const Edge& edge, const Pen& pen);
+    /// All pixels of all edges, with their last ones.
+    base::PixelRectangle drawEdges(std::span<const Edge> edges, const Pen& pen);
+    void addEdges(std::span<const Edge> edges, const Pen& pen, RasterMask& mask) const;
+    void addInside(std::span<const Edge> edges, RasterMask& mask) const;
+    RasterMask& emptied(RasterMask& mask) const;
     base::PixelRectangle paint(const RasterMask& mask, const Ink& ink);
 
     RasterImage& m_image;
