@@ -1,6 +1,7 @@
 #pragma once
 
 #include "drawing/paint_engine.h"
+#include "tests/support/fake_drawing_ports.h"
 #include "tests/support/fake_random_numbers.h"
 #include "tests/support/fake_surface_screen.h"
 #include "tests/support/fake_text_rasteriser.h"
@@ -8,56 +9,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace quillora::tests {
-
-/// Has every file but those that a test takes away.
-class FakeDrawingAssets : public drawing::DrawingAssets {
-  public:
-    std::vector<std::string> missing{};
-    std::vector<std::string> loaded{};
-    drawing::RasterImage picture{2, 2, drawing::rgb(0, 255, 0)};
-
-    void loadCursor(std::string_view fileName) override { load(fileName); }
-    drawing::RasterImage loadPicture(std::string_view fileName) override
-    {
-        load(fileName);
-        return picture;
-    }
-
-  private:
-    void load(std::string_view fileName)
-    {
-        if (std::find(missing.begin(), missing.end(), fileName) != missing.end())
-            throw std::runtime_error("no such file");
-        loaded.emplace_back(fileName);
-    }
-};
-
-class FakeDrawingFocus : public drawing::DrawingFocus {
-  public:
-    std::string focused = "nothing";
-
-    void focusCanvas() override { focused = "canvas"; }
-    void focusText() override { focused = "text"; }
-};
-
-/// Chooses a colour, or is cancelled and keeps the one it had.
-class FakeColourDialog : public drawing::ColourDialog {
-  public:
-    std::optional<drawing::Colour> choice{};
-    int shown = 0;
-
-    void ShowColor() override
-    {
-        ++shown;
-        Color = choice.value_or(Color);
-    }
-};
 
 /// A small drawing board as it comes up, with a presenter's hand on it. The pen is one pixel wide and black.
 struct DrawingBoard : testing::Test {
