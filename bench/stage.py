@@ -141,7 +141,8 @@ class Stage:
         return ["ffmpeg", "-nostdin", "-loglevel", "error", "-y", "-f", "x11grab", "-framerate", str(rate),
                 "-draw_mouse", "1", "-video_size", f"{WIDTH}x{HEIGHT}", "-i", self.display + "+0,0",
                 "-f", "pulse", "-i", "default", "-c:v", "wmv2", "-b:v", "700k", "-c:a", "wmav2", "-b:a", "96k",
-                "-t", str(seconds), out]
+                # Without it a busy machine makes ffmpeg guess a higher rate and encode frames twice.
+                "-r", str(rate), "-t", str(seconds), out]
 
     def cost(self, command):
         """Runs a recorder to its end. Returns its CPU time and the X server's meanwhile, in seconds, and what it

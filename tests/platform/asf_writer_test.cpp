@@ -134,28 +134,29 @@ TEST_F(AsfWriterTest, ShowsASlideSharpAtOnceAndSharperSoonAfter)
 }
 
 // A repeated frame leaves the decoder rounding half-pixel motion the other way than the encoder, if their
-// number is odd. It would show as a picture that drifts away from the source wherever something moves.
+// number is odd. Each step by half a pixel would then brighten or darken the picture a little, and the
+// encoder would not know.
 TEST_F(AsfWriterTest, StaysTrueToTheSourceAfterRepeatsOfAnyNumber)
 {
+    const auto waves = [](double shift) {
+        VideoPicture picture(320, 240);
+        for (int y = 0; y < 240; ++y)
+            for (int x = 0; x < 320; ++x)
+                picture.luma[std::size_t(y * 320 + x)] = std::uint8_t(
+                    126 + 50 * std::sin((x + shift) * 0.23) + 40 * std::sin((y + shift) * 0.31 + x * 0.05));
+        return picture;
+    };
     AsfWriter writer(format(320, 240));
     std::vector<VideoPicture> shown;
     std::mt19937 generator(5);
     for (int change = 0; change < 60; ++change) {
-        // A window that moves by a few pixels: the motion search finds vectors for it.
-        VideoPicture picture = slide(320, 240, 0);
-        const VideoPicture window = slide(320, 240, 4);
-        for (int y = 40; y < 140; ++y)
-            for (int x = 0; x < 120; ++x)
-                picture.luma[std::size_t(y) * 320 + std::size_t(x + change)] =
-                    std::uint8_t((window.luma[std::size_t(y) * 320 + std::size_t(x)] +
-                                  window.luma[std::size_t(y) * 320 + std::size_t(x + change % 2)]) /
-                                 2);
-        writer.writePicture(picture, 12'000);
-        shown.push_back(picture);
-        const auto repeats = generator() % 9;
+        shown.push_back(waves(change * 0.5));
+        writer.writePicture(shown.back(), 12'000);
+        // Two of them are corrections.
+        const auto repeats = change < 30 ? 3 : generator() % 9;
         writer.repeatPicture(repeats);
         for (unsigned i = 0; i < repeats; ++i)
-            shown.push_back(picture);
+            shown.push_back(shown.back());
     }
     writeSoundFor(writer, double(shown.size()) / 24);
     writer.close();
@@ -164,7 +165,7 @@ TEST_F(AsfWriterTest, StaysTrueToTheSourceAfterRepeatsOfAnyNumber)
     ASSERT_EQ(media.frames.size(), shown.size());
     EXPECT_EQ(media.errors, 0);
     for (std::size_t i = 0; i < shown.size(); ++i)
-        EXPECT_GT(psnr(media.frames[i].luma, shown[i].luma), 42) << "frame " << i;
+        EXPECT_GT(psnr(media.frames[i].luma, shown[i].luma), 44) << "frame " << i;
 }
 
 TEST_F(AsfWriterTest, KeepsAStillPictureUnchangedForMinutes)
