@@ -46,23 +46,6 @@ class DesignedMicrophoneSetting : public session::MicrophoneSetting {
     void showModal() override {}
 };
 
-/// The main form's file dialog. A file is opened for its slides only so far, so the converter starts while
-/// the presenter looks for one: LibreOffice needs about as long as choosing does.
-class DeckDialog : public forms::QtCommonDialog {
-  public:
-    DeckDialog(QWidget& owner, deck::libreoffice::LibreOfficeConverter& converter)
-        : QtCommonDialog(owner), m_converter(converter)
-    {}
-    void ShowOpen() override
-    {
-        m_converter.prepare();
-        QtCommonDialog::ShowOpen();
-    }
-
-  private:
-    deck::libreoffice::LibreOfficeConverter& m_converter;
-};
-
 } // namespace
 
 /// What touches the world outside: forms, adapters, clocks.
@@ -83,7 +66,7 @@ struct Composition::Platform {
     forms::X11WindowHints windowHints;
     forms::Vantry_frm window{windowHints};
     forms::QtMessageBoxes boxes{window};
-    DeckDialog CommonDialog1{window, converter};
+    forms::QtCommonDialog CommonDialog1{window};
 };
 
 /// The recorder itself, lowest part first. Timers are part of it since they tick into it.

@@ -1,5 +1,7 @@
 #include "tests/platform/libreoffice_fixture.h"
 
+#include "tests/support/child_process.h"
+
 #include <sys/stat.h>
 
 #include <random>
@@ -70,7 +72,31 @@ TEST_F(LibreOfficeConverterTest, ADamagedDeckGivesPicturesOrAFailureAndTheNextDe
     EXPECT_EQ(import(deckFile("deck.fodp", plainDeck("#ff0000"))), 1);
 }
 
-TEST_F(LibreOfficeConverterTest, ADeckWithoutSlidesHasTheBlankOneThatLibreOfficeGivesIt)
+/// The sample deck, with the list of its slides taken out.
+fs::path deckThatNamesNoSlide(const fs::path& folder)
+{
+    const fs::path deck = folder / "none.pptx";
+    fs::copy_file(fs::path(QUILLORA_ASSETS) / "sample_lecture.pptx", deck);
+    const std::string script =
+        "import re,sys,zipfile\n"
+        "old=zipfile.ZipFile(sys.argv[1]); parts={n:old.read(n) for n in old.namelist()}\n"
+        "name='ppt/presentation.xml'\n"
+        "parts[name]=re.sub(rb'<p:sldIdLst>.*?</p:sldIdLst>',b'',parts[name],flags=re.S)\n"
+        "new=zipfile.ZipFile(sys.argv[1],'w')\n"
+        "for n in parts: new.writestr(n,parts[n])\n"
+        "new.close()\n";
+    if (tests::runToEnd({"/usr/bin/python3", "-c", script, deck.string()}) != 0)
+        throw std::runtime_error("the deck can't be made");
+    return deck;
+}
+
+TEST_F(LibreOfficeConverterTest, ADeckThatNamesNoSlideHasNone)
+{
+    EXPECT_EQ(open(deckThatNamesNoSlide(m_folder.path()))->slideCount(), 0);
+}
+
+/// A flat deck is no archive whose list of slides could be read.
+TEST_F(LibreOfficeConverterTest, AFlatDeckWithoutSlidesHasTheBlankOneThatLibreOfficeGivesIt)
 {
     EXPECT_EQ(import(deckFile("none.fodp", tests::FlatDeck(25.4, 19.05).text())), 1);
     EXPECT_TRUE(series(1).isNear(640, 480, 0xffffff));

@@ -18,6 +18,8 @@ APPEARS_WITHIN = 1.5
 MATCH_FLOOR = 17.0
 MATCH_FLOOR_SHARP = 28.0
 TWINS = 0.3
+# The recorder's clock has whole seconds: a slide may stand in the video up to a second before the index names it.
+CLOCK_GRAIN = 1.0
 
 @dataclasses.dataclass
 class Verdict:
@@ -110,7 +112,7 @@ def _judge_slides(verdict, container, sharp_pictures, times):
                 f"{'' if sharp_pictures else ' in the container'})")
     for position, (slide, second) in enumerate(container.index):
         later = [next_second for _, next_second in container.index[position + 1:]]
-        end = later[0] if later else frames.duration
+        end = later[0] - CLOCK_GRAIN if later else frames.duration
         if slide not in slides:
             verdict.require(False, f"the index names slide {slide}, of which there is no picture")
             continue

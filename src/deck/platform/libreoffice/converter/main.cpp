@@ -7,6 +7,7 @@
 #include "deck/platform/libreoffice/converter/office_document.h"
 #include "deck/platform/libreoffice/converter/page_painter.h"
 #include "deck/platform/libreoffice/converter/painting_pool.h"
+#include "deck/platform/libreoffice/converter/slide_list.h"
 #include "deck/platform/libreoffice/converter_launch.h"
 #include "deck/platform/libreoffice/painted_slots.h"
 
@@ -54,6 +55,8 @@ class Job {
     void operator()(const OpenRequest&)
     {
         m_slides = m_office.openPresentation(m_folder / kDeckName);
+        if (namesNoSlide(m_folder / kDeckName))
+            m_slides = 0;
         say(Opened{m_slides});
     }
     void operator()(const LayOutRequest&)
