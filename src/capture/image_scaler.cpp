@@ -1,7 +1,9 @@
 #include "capture/image_scaler.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstring>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -13,6 +15,7 @@ namespace {
 
 constexpr int kWeightBits = 14;
 constexpr int kHalf = 1 << (kWeightBits - 1);
+constexpr double kLeastWidening = 1.05;
 
 double catmullRom(double distance)
 {
@@ -70,29 +73,35 @@ void sumLines(const std::uint8_t* lines, std::ptrdiff_t stride, const std::int16
 /// One pixel of four bytes, the weighted sum of @p taps pixels in a row.
 void sumPixels(const std::uint8_t* pixels, const std::int16_t* weights, int taps, std::uint8_t* to)
 {
+    int tap = 0;
+    std::array<int, 4> sums{kHalf, kHalf, kHalf, kHalf};
 #if defined(__SSE2__)
     const __m128i zero = _mm_setzero_si128();
     __m128i sum = _mm_set1_epi32(kHalf);
-    for (int tap = 0; tap < taps; tap += 2) {
-        int one;
-        int two;
-        std::copy_n(pixels + 4 * tap, 4, reinterpret_cast<std::uint8_t*>(&one));
-        std::copy_n(pixels + 4 * (tap + 1 < taps ? tap + 1 : tap), 4, reinterpret_cast<std::uint8_t*>(&two));
-        const __m128i pairs = _mm_unpacklo_epi8(_mm_cvtsi32_si128(one), _mm_cvtsi32_si128(two));
+    for (; tap + 4 <= taps; tap += 4) {
+        const __m128i four = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pixels + 4 * tap));
+        const __m128i weight = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(weights + tap));
+        // The bytes of neighbours beside each other, then as words, to be multiplied with a pair of weights.
+        const __m128i pairs = _mm_unpacklo_epi8(four, _mm_srli_si128(four, 4));
+        const __m128i nextPairs = _mm_unpackhi_epi8(four, _mm_srli_si128(four, 4));
         sum = _mm_add_epi32(sum,
-                            _mm_madd_epi16(_mm_unpacklo_epi8(pairs, zero), weightPair(weights, tap, taps)));
+                            _mm_madd_epi16(_mm_unpacklo_epi8(pairs, zero), _mm_shuffle_epi32(weight, 0x00)));
+        sum = _mm_add_epi32(
+            sum, _mm_madd_epi16(_mm_unpacklo_epi8(nextPairs, zero), _mm_shuffle_epi32(weight, 0x55)));
     }
-    const __m128i words = _mm_packs_epi32(_mm_srai_epi32(sum, kWeightBits), zero);
-    const int pixel = _mm_cvtsi128_si32(_mm_packus_epi16(words, words));
-    std::copy_n(reinterpret_cast<const std::uint8_t*>(&pixel), 4, to);
-#else
-    for (int channel = 0; channel < 4; ++channel) {
-        int sum = 0;
-        for (int tap = 0; tap < taps; ++tap)
-            sum += weights[tap] * pixels[4 * tap + channel];
-        to[channel] = toByte(sum);
+    if (tap == taps) {
+        const __m128i words = _mm_packs_epi32(_mm_srai_epi32(sum, kWeightBits), zero);
+        const int pixel = _mm_cvtsi128_si32(_mm_packus_epi16(words, words));
+        std::memcpy(to, &pixel, sizeof pixel);
+        return;
     }
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(sums.data()), sum);
 #endif
+    for (; tap < taps; ++tap)
+        for (int channel = 0; channel < 4; ++channel)
+            sums[std::size_t(channel)] += weights[tap] * pixels[4 * tap + channel];
+    for (int channel = 0; channel < 4; ++channel)
+        to[channel] = std::uint8_t(std::clamp(sums[std::size_t(channel)] >> kWeightBits, 0, 255));
 }
 
 } // namespace
@@ -100,8 +109,11 @@ void sumPixels(const std::uint8_t* pixels, const std::int16_t* weights, int taps
 ImageScaler::Axis::Axis(int fromLength, int toLength) : from(fromLength), to(toLength)
 {
     const double step = double(from) / to;
-    const double widening = std::max(1.0, step);
-    taps = from == to ? 1 : std::min(from, int(std::ceil(4 * widening)));
+    // The one column less of the video needs no fifth tap.
+    const double widening = step < kLeastWidening ? 1 : step;
+    const int exactTaps = int(std::ceil(4 * widening));
+    // In fours, as the sums are made fastest.
+    taps = from == to ? 1 : std::min(from, (exactTaps + 3) / 4 * 4);
     first.resize(std::size_t(to));
     weights.resize(std::size_t(to) * std::size_t(taps));
     for (int place = 0; place < to; ++place) {
@@ -110,7 +122,7 @@ ImageScaler::Axis::Axis(int fromLength, int toLength) : from(fromLength), to(toL
         first[std::size_t(place)] = std::clamp(start, 0, from - taps);
         std::vector<double> exact(std::size_t(taps), 0.0);
         // What would lie beyond the edge is the edge's own pixel.
-        for (int tap = 0; tap < std::max(taps, int(std::ceil(4 * widening))) && from != to; ++tap) {
+        for (int tap = 0; tap < exactTaps && from != to; ++tap) {
             const int source = std::clamp(start + tap, 0, from - 1) - first[std::size_t(place)];
             exact[std::size_t(std::clamp(source, 0, taps - 1))] +=
                 catmullRom((start + tap - centre) / widening);
