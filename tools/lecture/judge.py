@@ -10,9 +10,11 @@ from sound_judge import judge_sound
 
 OUTPUT_SIZE = (746, 420)
 RATE = 24
-# The index knows whole seconds, so a slide shows within the second that its entry names, or what it takes to paint
-# it later.
-APPEARS_WITHIN = 1.5
+# The index knows whole seconds only, of the moment and of the begin that it subtracts, and the first frame comes a
+# little after that begin: so a slide shows up to a second before or after the second that its entry names, and a
+# little more on either side for starting and painting on a busy machine.
+APPEARS_EARLY = 1.5
+APPEARS_LATE = 1.5
 # A slide picture in the container has 560 by 420 pixels; what is left of its text on the way up to the video's
 # size and through the encoder is far nearer to the right slide than to any other. Decibels of luma.
 MATCH_FLOOR = 17.0
@@ -110,44 +112,46 @@ def _judge_slides(verdict, container, sharp_pictures, times):
     frames = _Frames(container.video, times)
     verdict.say("Slides in the video (luma against the slide's picture"
                 f"{'' if sharp_pictures else ' in the container'})")
-    for position, (slide, second) in enumerate(container.index):
-        later = [next_second for _, next_second in container.index[position + 1:]]
-        end = later[0] - CLOCK_GRAIN if later else frames.duration
+    stretches = _stretches(verdict, container.index, frames, slides, floor)
+    for (slide, second, begin), following in zip(stretches, stretches[1:] + [(0, 0, frames.duration)]):
+        end = following[2]
+        settled = frames.at(min(begin + 1.0, max(begin, end - 0.2)))
+        others = [_psnr(settled, picture) for number, picture in slides.items() if number != slide]
+        verdict.say(f"  slide {slide:<3} at {second:>3}   shows from {begin:6.2f} s: "
+                    f"{_psnr(settled, slides[slide]):.1f} dB, similarity {_similarity(settled, slides[slide]):.3f}"
+                    + (f"; the nearest other slide {max(others):.1f} dB" if others else ""))
+        for moment in numpy.arange(begin, end - 0.1, 0.5):
+            if not _shows(frames.at(moment), slide, slides, floor):
+                number, best = _best(frames.at(moment), slides)
+                verdict.require(False, f"at {moment:.2f} s the video shows slide {number} ({best:.1f} dB), not slide "
+                                       f"{slide} ({_psnr(frames.at(moment), slides[slide]):.1f} dB)")
+
+
+def _stretches(verdict, index, frames, slides, floor):
+    """From when on each entry's slide shows, as (slide, second, begin)."""
+    found = []
+    for position, (slide, second) in enumerate(index):
         if slide not in slides:
             verdict.require(False, f"the index names slide {slide}, of which there is no picture")
             continue
-        if later and later[0] == second:
+        if position + 1 < len(index) and index[position + 1][1] == second:
             verdict.say(f"  slide {slide:<3} at {second:>3}   followed by another within the same second")
             continue
-        found = _find(frames, slides, slide, second, min(second + APPEARS_WITHIN, frames.duration), floor)
-        if found is None:
-            seen = _best(frames.at(second + 1.0), slides)
-            verdict.require(False, f"slide {slide} does not show within {APPEARS_WITHIN} s of second {second}; "
-                                   f"slide {seen[0]} does, at {seen[1]:.1f} dB")
-            continue
-        at, _, _ = found
-        settled = min(at + 1.0, max(at, end - 0.2), frames.duration - 0.1)
-        level = _psnr(frames.at(settled), slides[slide])
-        others = [_psnr(frames.at(settled), picture) for number, picture in slides.items() if number != slide]
-        verdict.say(f"  slide {slide:<3} at {second:>3}   shows from {at:6.2f} s: {level:.1f} dB, similarity "
-                    f"{_similarity(frames.at(settled), slides[slide]):.3f}"
-                    + (f"; the nearest other slide {max(others):.1f} dB" if others else ""))
-        for moment in numpy.arange(at, end - 0.1, 0.5):
-            number, best = _best(frames.at(moment), slides)
-            own = _psnr(frames.at(moment), slides[slide])
-            verdict.require(own >= floor and own >= best - TWINS,
-                            f"at {moment:.2f} s the video shows slide {number} ({best:.1f} dB), not slide {slide} "
-                            f"({own:.1f} dB)")
+        earliest = max(found[-1][2] + 1 / RATE if found else 0.0, second - APPEARS_EARLY)
+        moments = numpy.arange(earliest, min(second + APPEARS_LATE, frames.duration), 1 / RATE)
+        begin = next((at for at in moments if _shows(frames.at(at), slide, slides, floor)), None)
+        if begin is None:
+            number, best = _best(frames.at(second + 1.0), slides)
+            verdict.require(False, f"slide {slide} does not show about second {second}; slide {number} does, at "
+                                   f"{best:.1f} dB")
+        else:
+            found.append((slide, second, begin))
+    return found
 
 
-def _find(frames, slides, slide, begin, end, floor):
-    """The first moment of [begin, end] at which the frame is that slide and no other."""
-    for moment in numpy.arange(begin, end, 1 / RATE):
-        own = _psnr(frames.at(moment), slides[slide])
-        number, best = _best(frames.at(moment), slides)
-        if own >= floor and own >= best - TWINS:
-            return moment, number, own
-    return None
+def _shows(frame, slide, slides, floor):
+    own = _psnr(frame, slides[slide])
+    return own >= floor and own >= _best(frame, slides)[1] - TWINS
 
 
 def _best(frame, slides):

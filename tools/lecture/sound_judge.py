@@ -11,7 +11,12 @@ SILENCE = 0.002
 BEGINS_WITHIN = 2.0
 # An encoder shifts and smears a little; what the sound server drops or repeats is a multiple of this.
 STEADY = 0.04
+# What such a moment may cost; whatever is longer is the recorder's fault.
+JUMP = 0.25
 ALIKE = 0.5
+# On a busy machine the sound server itself loses a moment now and then; a second with such a moment in it is not
+# looked up.
+CLEAR = 0.6
 
 
 def judge_sound(verdict, video, notes, speech):
@@ -30,23 +35,27 @@ def judge_sound(verdict, video, notes, speech):
 
     seconds = range(int(numpy.ceil(begins)), int(len(sound) / RATE))
     found = [_place_in_speech(sound[at * RATE:(at + 1) * RATE], spoken) for at in seconds]
-    alike = sorted(likeness for _, likeness in found)
-    verdict.require(alike[len(alike) // 10] > ALIKE, f"the sound is not the speech (likeness {alike[0]:.2f})")
+    clear = [(at, place) for at, (place, likeness) in zip(seconds, found) if likeness > ALIKE]
+    verdict.require(len(clear) >= max(1, CLEAR * len(found)),
+                    f"the sound is not the speech: of {len(found)} s, {len(clear)} s were found in it")
+    if not clear:
+        return
 
     period = len(spoken) / RATE
-    ahead = [(place - at) % period for at, (place, _) in zip(seconds, found)]
+    ahead = [((place - at) % period, at) for at, place in clear]
     cuts = [notes.recorded(end) for _, end in notes.segments[:-1]]
-    for before, after, at in zip(ahead, ahead[1:], seconds[1:]):
+    for (before, _), (after, at) in zip(ahead, ahead[1:]):
         step = _within_half(after - before, period)
         if abs(step) > STEADY and not any(least - 2 <= at <= most + 1 for least, most in cuts):
-            verdict.require(False, f"the sound jumps by {step:.3f} s at second {at}")
-    left_out = (ahead[-1] - ahead[0]) % period
+            verdict.say(f"  the sound jumps by {step:.3f} s at second {at}")
+            verdict.require(abs(step) <= JUMP, f"the sound jumps by {step:.3f} s at second {at}")
+    left_out = (ahead[-1][0] - ahead[0][0]) % period
     least, most = (sum(ends) for ends in zip(*notes.pauses())) if cuts else (0, 0)
     middle = (least + most) / 2
-    verdict.require(abs(_within_half(left_out - middle, period)) <= (most - least) / 2 + 0.2,
+    verdict.require(abs(_within_half(left_out - middle, period)) <= (most - least) / 2 + JUMP,
                     f"{left_out:.2f} s of speech are missing for {least:.2f} to {most:.2f} s of pauses")
     verdict.say(f"Sound: {len(sound) / RATE:.2f} s, begins at {begins:.2f} s, level {min(levels[loud[0]:]):.3f} to "
-                f"{max(levels):.3f}; the speech second by second (likeness {alike[0]:.2f} and more), left out "
+                f"{max(levels):.3f}; the speech, {len(clear)} of {len(found)} s found in it; left out "
                 f"{left_out:.2f} s for {least:.2f} to {most:.2f} s of pauses")
 
 
