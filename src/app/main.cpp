@@ -3,6 +3,7 @@
 #include "app/user_folders.h"
 
 #include "capture/platform/x11/x11_screen_source.h"
+#include "forms/look.h"
 
 #include <QApplication>
 #include <QDir>
@@ -47,7 +48,8 @@ int main(int argc, char** argv)
     if (!displayAnswers())
         return EXIT_FAILURE;
 
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
+    forms::applyLook(application);
     QApplication::setApplicationName("Quillora");
     QApplication::setQuitOnLastWindowClosed(true);
 

@@ -47,6 +47,9 @@ bool isPictureSizeAllowed(QSize size)
 
 QByteArray readPictureFile(const std::filesystem::path& file)
 {
+    // An import asks for the picture without a name each time; the toolkit would complain on the terminal.
+    if (file.empty())
+        throw std::runtime_error("picture without a name");
     QFile opened(QFile::decodeName(file.c_str()));
     if (!opened.open(QIODevice::ReadOnly))
         throw std::runtime_error("picture can't be read: " + file.string());
