@@ -4,77 +4,38 @@
 // its own.
 
 #include "drawing/paint_engine.h"
+#include "tests/fuzz/fuzz_input.h"
 #include "tests/support/fake_drawing_ports.h"
 #include "tests/support/fake_random_numbers.h"
 #include "tests/support/fake_surface_screen.h"
 #include "tests/support/fake_text_rasteriser.h"
 
-#include <bit>
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <exception>
 #include <limits>
-#include <span>
+#include <string>
 
 namespace {
 
 using namespace quillora;
 using drawing::PointerEvent;
+using tests::FuzzInput;
 
-/// Zeros when the input is over.
-class Input {
-  public:
-    explicit Input(std::span<const std::uint8_t> bytes) : m_bytes(bytes) {}
+/// Mostly near the canvas.
+float place(FuzzInput& input)
+{
+    constexpr double farthest = std::numeric_limits<float>::max();
+    if (input.choice(8) > 0)
+        return static_cast<float>(input.choice(80) - 10) + static_cast<float>(input.choice(4)) / 4;
+    const double anywhere = input.real();
+    return std::isinf(anywhere) ? static_cast<float>(anywhere)
+                                : static_cast<float>(std::clamp(anywhere, -farthest, farthest));
+}
 
-    bool over() const { return m_bytes.empty(); }
-    std::uint8_t byte()
-    {
-        if (m_bytes.empty())
-            return 0;
-        const auto first = m_bytes.front();
-        m_bytes = m_bytes.subspan(1);
-        return first;
-    }
-    std::uint32_t word()
-    {
-        std::uint32_t value = 0;
-        for (int i = 0; i < 4; ++i)
-            value = value << 8 | byte();
-        return value;
-    }
-    /// Mostly near the canvas, sometimes at an end of the numbers, sometimes anything at all.
-    float place()
-    {
-        const auto kind = byte();
-        if (kind < 200)
-            return static_cast<float>(byte() % 80) - 10 + static_cast<float>(kind % 4) / 4;
-        if (kind < 230)
-            return kEnds[byte() % std::size(kEnds)];
-        if (kind < 250)
-            return static_cast<float>(static_cast<std::int16_t>(word()));
-        return std::bit_cast<float>(word());
-    }
-    int index() { return byte() < 250 ? byte() % 30 : static_cast<int>(word()); }
-
-  private:
-    static constexpr float kEnds[] = {0,
-                                      -1,
-                                      32767,
-                                      32768,
-                                      -32768,
-                                      -32769,
-                                      2147483648.0F,
-                                      -2147483648.0F,
-                                      4e9F,
-                                      std::numeric_limits<float>::max(),
-                                      std::numeric_limits<float>::lowest(),
-                                      std::numeric_limits<float>::infinity(),
-                                      -std::numeric_limits<float>::infinity(),
-                                      std::numeric_limits<float>::quiet_NaN(),
-                                      std::numeric_limits<float>::denorm_min()};
-
-    std::span<const std::uint8_t> m_bytes;
-};
+int index(FuzzInput& input) { return input.choice(16) > 0 ? input.choice(30) : input.number(); }
 
 struct Board {
     tests::FakeTextRasteriser text;
@@ -89,19 +50,19 @@ struct Board {
     Board(int width, int height) : canvas(width, height, &text, &screen, &screen) {}
 };
 
-PointerEvent anyEvent(Input& input)
+PointerEvent anyEvent(FuzzInput& input)
 {
     const auto keys = input.byte();
     return {.button = keys < 220 ? drawing::kLeftButton : keys % 5,
-            .shift = input.byte() % 5,
-            .x = input.place(),
-            .y = input.place()};
+            .shift = input.choice(5),
+            .x = place(input),
+            .y = place(input)};
 }
 
-void onCanvas(Board& board, Input& input)
+void onCanvas(Board& board, FuzzInput& input)
 {
     const auto event = anyEvent(input);
-    switch (input.byte() % 8) {
+    switch (input.choice(8)) {
     case 0:
     case 1:
         return board.engine.picPaint_MouseDown(event);
@@ -114,15 +75,15 @@ void onCanvas(Board& board, Input& input)
     case 6:
         return board.engine.picPaint_DblClick();
     default:
-        return board.engine.picPaint_KeyUp(input.index());
+        return board.engine.picPaint_KeyUp(index(input));
     }
 }
 
-void onFloating(Board& board, Input& input)
+void onFloating(Board& board, FuzzInput& input)
 {
     const auto event = anyEvent(input);
-    const int handle = input.byte() < 240 ? input.byte() % 4 : input.index();
-    switch (input.byte() % 10) {
+    const int handle = input.byte() < 240 ? input.choice(4) : index(input);
+    switch (input.choice(10)) {
     case 0:
         return board.engine.picSelect_MouseDown(event);
     case 1:
@@ -139,7 +100,7 @@ void onFloating(Board& board, Input& input)
         board.canvas.txtText.Text = std::string(input.byte(), 'x');
         return board.engine.txtText_KeyDown();
     case 7:
-        return board.engine.txtText_KeyUp(input.index());
+        return board.engine.txtText_KeyUp(index(input));
     case 8:
         return board.engine.txtText_DblClick();
     default:
@@ -147,42 +108,44 @@ void onFloating(Board& board, Input& input)
     }
 }
 
-void onPalette(Board& board, Input& input)
+void onPalette(Board& board, FuzzInput& input)
 {
-    switch (input.byte() % 12) {
+    switch (input.choice(12)) {
     case 0:
-        return board.engine.fraOptDot_MouseDown({.button = input.byte() % 3,
+        return board.engine.fraOptDot_MouseDown({.button = input.choice(3),
                                                  .x = static_cast<float>(input.byte() * 3),
                                                  .y = static_cast<float>(input.byte() * 5)});
     case 1:
         return board.engine.fraOptFill_MouseDown(
             {.button = drawing::kLeftButton, .y = static_cast<float>(input.byte() * 5)});
     case 2:
-        return board.engine.lblColor_MouseDown(input.index(), input.byte() % 4);
+        return board.engine.lblColor_MouseDown(index(input), input.choice(4));
     case 3:
-        board.cdlColor.choice = input.word();
+        board.cdlColor.choice = static_cast<drawing::Colour>(input.number());
         return board.engine.lblForeColor_DblClick();
     case 4:
         return board.engine.lblFillColor_DblClick();
     case 5:
         return board.engine.Command2_Click();
     case 6:
-        return board.engine.chooseBackground(static_cast<drawing::Sheet>(input.byte() % 4));
+        return board.engine.chooseBackground(static_cast<drawing::Sheet>(input.choice(4)));
     case 7:
-        return board.engine.ApplyFilterAt(input.index(), input.index() - 1, input.index() - 1);
+        if (input.choice(4) == 0)
+            return board.engine.ApplyFilterAt(index(input), -1, -1);
+        return board.engine.ApplyFilterAt(index(input), index(input), index(input));
     case 8:
-        board.assets.missing = {input.byte() % 2 == 0 ? "handflat.cur" : "grid.gif"};
+        board.assets.missing = {input.choice(2) == 0 ? "handflat.cur" : "grid.gif"};
         return board.engine.ApplyToolCursor();
     case 9:
-        board.canvas.fields.filterId = input.index();
-        board.canvas.fields.brushShape = input.index();
+        board.canvas.fields.filterId = index(input);
+        board.canvas.fields.brushShape = index(input);
         return;
     case 10:
-        if (input.byte() % 8 == 0)
+        if (input.choice(8) == 0)
             return board.engine.DrawPrepare();
         return;
     default:
-        board.canvas.surface().resize(input.byte() % 70, input.byte() % 70);
+        board.canvas.surface().resize(input.choice(70), input.choice(70));
         return board.engine.picPaint_Resize();
     }
 }
@@ -211,15 +174,14 @@ void checkState(const Board& board)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    Input input({data, size});
-    Board board(input.byte() % 70, input.byte() % 70);
+    FuzzInput input(data, size);
+    Board board(input.choice(70), input.choice(70));
     board.random.numbers = {0.0F, 0.3F, 0.99F, 1.0F, 0.6F};
-    while (!input.over()) {
+    while (!input.atEnd()) {
         try {
             const auto kind = input.byte();
             if (kind < 40)
-                board.engine.SelectTool(input.byte() < 250 ? input.byte() % drawing::kToolCount
-                                                           : input.index(),
+                board.engine.SelectTool(input.byte() < 250 ? input.choice(drawing::kToolCount) : index(input),
                                         kind % 8 == 0 ? drawing::kRightButton : drawing::kLeftButton);
             else if (kind < 180)
                 onCanvas(board, input);
