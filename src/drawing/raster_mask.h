@@ -31,6 +31,10 @@ class RasterMask {
     /// Calls @p visit(y, left, right), right not in it, for each longest run of pixels, by rows.
     template <typename Visit>
     void forEachRun(Visit visit) const;
+    /// The same for the runs that settleEdges would make, while there are only edges: it costs less than
+    /// both.
+    template <typename Visit>
+    void forEachRunBetweenEdges(Visit visit) const;
 
   private:
     static constexpr int kWordBits = 64;
@@ -72,6 +76,26 @@ void RasterMask::forEachRun(Visit visit) const
                     visit(y, runLeft, wordLeft + bit);
                     runLeft = kNone;
                 }
+            }
+        }
+        if (runLeft != kNone)
+            visit(y, runLeft, m_width);
+    }
+}
+
+template <typename Visit>
+void RasterMask::forEachRunBetweenEdges(Visit visit) const
+{
+    constexpr int kNone = -1;
+    for (int y = m_top; y <= m_bottom; ++y) {
+        const Word* words = rowWords(y);
+        int runLeft = kNone;
+        for (std::size_t index = 0; index < m_rowWords; ++index) {
+            for (Word rest = words[index]; rest != 0; rest &= rest - 1) {
+                const int edge = static_cast<int>(index) * kWordBits + std::countr_zero(rest);
+                if (runLeft != kNone)
+                    visit(y, runLeft, edge);
+                runLeft = runLeft == kNone ? edge : kNone;
             }
         }
         if (runLeft != kNone)

@@ -68,7 +68,12 @@ TEST(RasterMask, TakesThePixelsBetweenEverySecondPairOfEdges)
     RasterMask mask(150, 2);
     for (const int edge : {-7, 3, 60, 130, 140, 400})
         mask.toggleFrom(1, edge);
+    std::string between;
+    mask.forEachRunBetweenEdges([&](int y, int left, int end) {
+        between += std::to_string(y) + ":" + std::to_string(left) + "-" + std::to_string(end) + " ";
+    });
     mask.settleEdges();
+    EXPECT_EQ(between, runsOf(mask));
     EXPECT_EQ(runsOf(mask), "1:0-3 1:60-130 1:140-150 ");
 }
 

@@ -148,14 +148,19 @@ base::PixelRectangle ShapePainter::drawPolygon(std::span<const base::PixelPoint>
     base::PixelRectangle touched;
     if (brush) {
         RasterMask& inside = emptied(m_inside);
-        addInside(edges, inside);
+        addInsideEdges(edges, inside);
         // The gaps of a dotted outline let through what was there, not the brush.
         if (pen.style == PenStyle::dotted || !overlapIsHidden(pen)) {
             RasterMask& outline = emptied(m_outline);
             addEdges(edges, {pen.ink, pen.width, PenStyle::solid}, outline);
+            inside.settleEdges();
             inside.subtract(outline);
+            touched = paint(inside, *brush);
+        } else {
+            RunPainter painter(m_image, *brush);
+            inside.forEachRunBetweenEdges([&](int y, int left, int end) { painter.paint(y, left, end - 1); });
+            touched = painter.touched();
         }
-        touched = paint(inside, *brush);
     }
     return base::boundingBox(touched, drawEdges(edges, pen));
 }
@@ -204,7 +209,7 @@ void ShapePainter::addEdges(std::span<const Edge> edges, const Pen& pen, RasterM
     }
 }
 
-void ShapePainter::addInside(std::span<const Edge> edges, RasterMask& mask) const
+void ShapePainter::addInsideEdges(std::span<const Edge> edges, RasterMask& mask) const
 {
     for (const Edge& edge : edges) {
         const base::PixelPoint& upper = edge.from.y < edge.to.y ? edge.from : edge.to;
@@ -219,7 +224,6 @@ void ShapePainter::addInside(std::span<const Edge> edges, RasterMask& mask) cons
             mask.toggleFrom(y, upper.x + static_cast<std::int64_t>(std::ceil(across)));
         }
     }
-    mask.settleEdges();
 }
 
 RasterMask& ShapePainter::emptied(RasterMask& mask) const

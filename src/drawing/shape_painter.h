@@ -37,7 +37,8 @@ class ShapePainter {
     /// All pixels of all edges, with their last ones.
     base::PixelRectangle drawEdges(std::span<const Edge> edges, const Pen& pen);
     void addEdges(std::span<const Edge> edges, const Pen& pen, RasterMask& mask) const;
-    void addInside(std::span<const Edge> edges, RasterMask& mask) const;
+    /// As edges, still to be settled.
+    void addInsideEdges(std::span<const Edge> edges, RasterMask& mask) const;
     RasterMask& emptied(RasterMask& mask) const;
     base::PixelRectangle paint(const RasterMask& mask, const Ink& ink);
 
