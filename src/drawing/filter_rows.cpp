@@ -1,5 +1,7 @@
 #include "drawing/filter_rows.h"
 
+#include <algorithm>
+
 namespace quillora::drawing {
 namespace {
 
@@ -8,7 +10,7 @@ namespace {
 
 constexpr Channel narrow(int value) { return static_cast<Channel>(value); }
 
-constexpr Channel withoutSign(Channel value) { return value < 0 ? narrow(-value) : value; }
+constexpr Channel withoutSign(Channel value) { return std::max(value, narrow(-value)); }
 
 constexpr std::uint8_t held(Channel value) { return static_cast<std::uint8_t>(value > 255 ? 255 : value); }
 
