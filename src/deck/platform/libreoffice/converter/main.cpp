@@ -11,6 +11,7 @@
 #include "deck/platform/libreoffice/converter_launch.h"
 #include "deck/platform/libreoffice/painted_slots.h"
 
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -18,6 +19,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
+#include <thread>
 
 namespace {
 
@@ -45,6 +47,19 @@ std::optional<Request> nextRequest(LineCutter& lines)
             return std::nullopt;
         lines.add({bytes.data(), static_cast<std::size_t>(count)});
     }
+}
+
+/// Ends this process as soon as the recorder is gone, whatever LibreOffice is doing. The signal that the
+/// system sends at a parent's death is not enough: a recorder that is killed while bubblewrap is still
+/// starting has no child yet that asked for it, and LibreOffice never looks at the socket.
+void endWithTheRecorder()
+{
+    std::thread([] {
+        pollfd socket{kSocketDescriptor, POLLRDHUP, 0};
+        while (::poll(&socket, 1, -1) <= 0) {
+        }
+        std::_Exit(EXIT_FAILURE);
+    }).detach();
 }
 
 /// What is done for each request, in the order in which a recorder may ask.
@@ -106,6 +121,7 @@ int main(int count, char** arguments)
     if (count != 4 || !confine(std::atoi(arguments[3])))
         return EXIT_FAILURE;
     try {
+        endWithTheRecorder();
         const std::filesystem::path folder = arguments[2];
         Office office(arguments[1], folder / kProfileName);
         serve(office, folder);
