@@ -12,6 +12,10 @@ constexpr std::chrono::milliseconds kFragment{25};
 /// The first sound of a stream comes with stamps that are far off, since the server has not measured yet.
 constexpr std::chrono::milliseconds kSkipped{100};
 
+/// How long a report of the server's counts. A sound card that runs 300 ppm off is a millisecond and a half
+/// off its place after that time.
+constexpr std::chrono::seconds kAnchorsLast{5};
+
 /// Longer holes are handed on in pieces of this many samples.
 constexpr std::size_t kLongestPiece = 4096;
 
@@ -82,10 +86,12 @@ void RecordStream::updateAnchor()
     // The loop has only just been turned, so what the server told arrived at this moment. The stamp that
     // comes with it is the wall clock's, and of use as a mark only.
     m_anchorStamp = timing->timestamp;
-    m_anchorTime = CaptureClock::now();
+    const auto now = CaptureClock::now();
     const auto delay = static_cast<std::int64_t>(timing->source_usec + timing->transport_usec) -
                        static_cast<std::int64_t>(timing->sink_usec);
-    m_anchorPosition = positionOf(timing->write_index) + std::chrono::microseconds(delay);
+    m_anchors.push_back({now, now - positionOf(timing->write_index) - std::chrono::microseconds(delay)});
+    while (m_anchors.front().told + kAnchorsLast < now)
+        m_anchors.pop_front();
 }
 
 CaptureClock::time_point RecordStream::timeOfNextSample() const
@@ -95,9 +101,10 @@ CaptureClock::time_point RecordStream::timeOfNextSample() const
     const std::size_t arrived = pa_stream_readable_size(m_stream.get()) / sizeof(float);
     const CaptureClock::time_point latest = CaptureClock::now() - durationOf(arrived);
     const pa_timing_info* timing = pa_stream_get_timing_info(m_stream.get());
-    if (!timing || timing->read_index_corrupt || m_anchorTime == CaptureClock::time_point{})
+    if (!timing || timing->read_index_corrupt || m_anchors.empty())
         return latest;
-    return std::min(latest, m_anchorTime + (positionOf(timing->read_index) - m_anchorPosition));
+    const auto beginning = std::ranges::min(m_anchors, {}, &Anchor::beginning).beginning;
+    return std::min(latest, beginning + positionOf(timing->read_index));
 }
 
 void RecordStream::deliverPiece(SoundSink& sink, CaptureClock::time_point firstSample, const float* samples,

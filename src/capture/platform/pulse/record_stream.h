@@ -4,6 +4,7 @@
 #include "capture/sound_source.h"
 
 #include <cstddef>
+#include <deque>
 #include <memory>
 #include <sys/time.h>
 #include <vector>
@@ -36,10 +37,13 @@ class RecordStream {
 
     std::unique_ptr<pa_stream, FreeStream> m_stream;
     bool m_opening = false;
-    /// When the server last told how far the input had got, and how far that was, counted in the stream's
-    /// time.
-    CaptureClock::time_point m_anchorTime{};
-    std::chrono::microseconds m_anchorPosition{};
+    /// When the server told how far the input had got, and when the stream had begun by that. Telling takes
+    /// time, and a busy machine's time: of several, the earliest beginning is the true one.
+    struct Anchor {
+        CaptureClock::time_point told{};
+        CaptureClock::time_point beginning{};
+    };
+    std::deque<Anchor> m_anchors{};
     timeval m_anchorStamp{};
     /// Samples at the beginning that aren't handed on.
     std::size_t m_toSkip = 0;
