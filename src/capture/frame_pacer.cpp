@@ -12,7 +12,7 @@ constexpr std::chrono::milliseconds kLatestFirstFrame{40};
 
 } // namespace
 
-std::int64_t FramePacer::framesDue(const RecordingClock& clock, CaptureClock::time_point now)
+std::int64_t FramePacer::framesDue(const SegmentClock& clock, CaptureClock::time_point now)
 {
     if (clock.segments().size() != m_segments) {
         m_segments = clock.segments().size();
@@ -26,9 +26,9 @@ std::int64_t FramePacer::framesDue(const RecordingClock& clock, CaptureClock::ti
     return m_due;
 }
 
-CaptureClock::time_point FramePacer::nextDue(const RecordingClock& clock) const
+CaptureClock::time_point FramePacer::nextDue(const SegmentClock& clock) const
 {
-    const RecordingClock::Segment& segment = clock.segments().back();
+    const SegmentClock::Segment& segment = clock.segments().back();
     const std::chrono::duration<double> middle((double(m_due) + 0.5) / m_framesPerSecond);
     // Rounded up, so that who sleeps until then finds the frame due.
     auto due = segment.begin + std::chrono::ceil<CaptureClock::duration>(middle - segment.start) +

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "capture/recording_clock.h"
+#include "capture/segment_clock.h"
 
 #include <cstdint>
 
@@ -17,9 +17,9 @@ class FramePacer {
 
     /// How many frames, of the whole recording, should have been taken by @p now. Never less than it was
     /// before.
-    std::int64_t framesDue(const RecordingClock& clock, CaptureClock::time_point now);
+    std::int64_t framesDue(const SegmentClock& clock, CaptureClock::time_point now);
     /// When the next frame is due. Asked while the clock runs.
-    CaptureClock::time_point nextDue(const RecordingClock& clock) const;
+    CaptureClock::time_point nextDue(const SegmentClock& clock) const;
 
   private:
     double m_framesPerSecond;

@@ -36,7 +36,7 @@ struct Sleeper {
         now = end;
     }
 
-    RecordingClock clock{};
+    SegmentClock clock{};
     FramePacer pacer;
     CaptureClock::time_point now = kNoon;
     std::int64_t frames = 0;
@@ -59,7 +59,7 @@ TEST(FramePacer, GivesAsManyFramesAsTimeAndRateToOneFrame)
 TEST(FramePacer, TakesTheFirstFrameOfARecordingWithin50Milliseconds)
 {
     for (const double rate : {1.0, 12.0, 24.0, 50.0}) {
-        RecordingClock clock;
+        SegmentClock clock;
         clock.resume(kNoon);
         FramePacer pacer(rate);
         EXPECT_EQ(pacer.framesDue(clock, kNoon), 0);
@@ -119,7 +119,7 @@ TEST(FramePacer, MakesGoodForAnAskerWhoComesLate)
 
 TEST(FramePacer, TakesAFrameInTheMiddleOfItsTime)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.resume(kNoon);
     FramePacer pacer(25);
     EXPECT_NEAR(secondsOf(pacer.nextDue(clock) - kNoon), 0.020, 0.0001);
@@ -129,7 +129,7 @@ TEST(FramePacer, TakesAFrameInTheMiddleOfItsTime)
 
 TEST(FramePacer, NeverTakesAFrameBack)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.resume(kNoon);
     FramePacer pacer(24);
     EXPECT_EQ(pacer.framesDue(clock, kNoon + 1s), 24);

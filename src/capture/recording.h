@@ -3,7 +3,7 @@
 #include "capture/capture_ports.h"
 #include "capture/capture_region.h"
 #include "capture/frame_pacer.h"
-#include "capture/recording_clock.h"
+#include "capture/segment_clock.h"
 #include "capture/sound_synchroniser.h"
 
 #include <condition_variable>
@@ -70,7 +70,7 @@ class Recording : public SoundSink, public std::enable_shared_from_this<Recordin
     struct Delivery {
         std::deque<NumberedPicture> pictures{};
         std::vector<SoundChunk> sound{};
-        RecordingClock clock{};
+        SegmentClock clock{};
         std::int64_t frames = 0;
         bool last = false;
     };
@@ -95,7 +95,7 @@ class Recording : public SoundSink, public std::enable_shared_from_this<Recordin
     std::condition_variable m_grabWakes{};
     std::condition_variable m_writerWakes{};
     std::condition_variable m_callerWakes{};
-    RecordingClock m_clock{};
+    SegmentClock m_clock{};
     FramePacer m_pacer;
     CaptureView m_view{};
     Counts m_counts{};

@@ -25,7 +25,7 @@ double seconds(CaptureClock::duration duration) { return std::chrono::duration<d
 
 } // namespace
 
-void SoundSynchroniser::take(const RecordingClock& clock, CaptureClock::time_point firstSample,
+void SoundSynchroniser::take(const SegmentClock& clock, CaptureClock::time_point firstSample,
                              std::span<const float> samples, std::vector<float>& out)
 {
     if (samples.empty())
@@ -63,7 +63,7 @@ void SoundSynchroniser::follow(double stamp, double chunkSeconds)
     m_stretch = std::clamp(m_drift + kProportional * m_error, -kMostStretch, kMostStretch);
 }
 
-double SoundSynchroniser::momentOf(std::int64_t sample, const RecordingClock& clock)
+double SoundSynchroniser::momentOf(std::int64_t sample, const SegmentClock& clock)
 {
     const auto& segments = clock.segments();
     const std::chrono::duration<double> recorded(double(sample) / kSoundRate);

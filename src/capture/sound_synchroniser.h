@@ -1,6 +1,6 @@
 #pragma once
 
-#include "capture/recording_clock.h"
+#include "capture/segment_clock.h"
 
 #include <array>
 #include <cstdint>
@@ -20,8 +20,8 @@ namespace quillora::capture {
 class SoundSynchroniser {
   public:
     /// Takes a chunk that arrived with the stamp @p firstSample, and appends to @p out what follows from it.
-    void take(const RecordingClock& clock, CaptureClock::time_point firstSample,
-              std::span<const float> samples, std::vector<float>& out);
+    void take(const SegmentClock& clock, CaptureClock::time_point firstSample, std::span<const float> samples,
+              std::vector<float>& out);
     /// Appends silence up to @p recorded: sound for that time is not going to come any more.
     void fillUntil(RecordedTime recorded, std::vector<float>& out);
 
@@ -34,7 +34,7 @@ class SoundSynchroniser {
     static constexpr std::size_t kHistory = 3;
 
     void follow(double stamp, double seconds);
-    double momentOf(std::int64_t sample, const RecordingClock& clock);
+    double momentOf(std::int64_t sample, const SegmentClock& clock);
     float interpolated(double index, std::span<const float> samples) const;
     void keepHistory(std::span<const float> samples);
 

@@ -32,7 +32,7 @@ class SoundCard {
     void setJitter(double seconds) { m_jitter = seconds; }
 
     /// Delivers what is heard from where it is up to @p until.
-    void deliver(double until, const RecordingClock& clock, SoundSynchroniser& synchroniser,
+    void deliver(double until, const SegmentClock& clock, SoundSynchroniser& synchroniser,
                  std::vector<float>& out)
     {
         constexpr int chunk = kSoundRate / 40;
@@ -83,7 +83,7 @@ float largestStep(const std::vector<float>& sound)
 
 TEST(SoundSynchroniser, PassesOnWhatComesInTimeUnchanged)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.resume(kNoon);
     SoundSynchroniser synchroniser;
     std::vector<float> out;
@@ -96,7 +96,7 @@ TEST(SoundSynchroniser, PassesOnWhatComesInTimeUnchanged)
 TEST(SoundSynchroniser, KeepsSoundInPlaceOnACardThatRunsFastOrSlow)
 {
     for (const double partsPerMillion : {-300.0, 100.0, 300.0}) {
-        RecordingClock clock;
+        SegmentClock clock;
         clock.resume(kNoon);
         SoundSynchroniser synchroniser;
         SoundCard card(partsPerMillion, clicks);
@@ -113,7 +113,7 @@ TEST(SoundSynchroniser, KeepsSoundInPlaceOnACardThatRunsFastOrSlow)
 
 TEST(SoundSynchroniser, StretchesWithoutAClickAndBarelyAudibly)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.resume(kNoon);
     SoundSynchroniser synchroniser;
     SoundCard card(300, tone);
@@ -129,7 +129,7 @@ TEST(SoundSynchroniser, StretchesWithoutAClickAndBarelyAudibly)
 
 TEST(SoundSynchroniser, LearnsTheCardsDrift)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.resume(kNoon);
     SoundSynchroniser synchroniser;
     SoundCard card(-200, tone);
@@ -140,7 +140,7 @@ TEST(SoundSynchroniser, LearnsTheCardsDrift)
 
 TEST(SoundSynchroniser, FillsAHoleWithSilenceOfItsLength)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.resume(kNoon);
     SoundSynchroniser synchroniser;
     SoundCard card(0, [](double) { return 0.5F; });
@@ -157,7 +157,7 @@ TEST(SoundSynchroniser, FillsAHoleWithSilenceOfItsLength)
 
 TEST(SoundSynchroniser, IsSilentUntilSoundComes)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.resume(kNoon);
     SoundSynchroniser synchroniser;
     SoundCard card(0, clicks);
@@ -171,7 +171,7 @@ TEST(SoundSynchroniser, IsSilentUntilSoundComes)
 
 TEST(SoundSynchroniser, DropsWhatComesAfterItsTimeWasFilled)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.resume(kNoon);
     SoundSynchroniser synchroniser;
     std::vector<float> out;
@@ -187,7 +187,7 @@ TEST(SoundSynchroniser, DropsWhatComesAfterItsTimeWasFilled)
 
 TEST(SoundSynchroniser, NeverFillsWhatIsThere)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.resume(kNoon);
     SoundSynchroniser synchroniser;
     std::vector<float> out;
@@ -200,7 +200,7 @@ TEST(SoundSynchroniser, NeverFillsWhatIsThere)
 
 TEST(SoundSynchroniser, FollowsALeapOfTheStamps)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.resume(kNoon);
     SoundSynchroniser synchroniser;
     std::vector<float> out;
@@ -217,7 +217,7 @@ TEST(SoundSynchroniser, FollowsALeapOfTheStamps)
 
 TEST(SoundSynchroniser, CutsPausesOutWhereThePictureCutsThem)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     SoundSynchroniser synchroniser;
     std::vector<float> out;
     // It clicks a quarter of a second into each segment, and midway through each pause.
@@ -245,7 +245,7 @@ TEST(SoundSynchroniser, CutsPausesOutWhereThePictureCutsThem)
 
 TEST(SoundSynchroniser, TakesChunksOfAnySize)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.resume(kNoon);
     SoundSynchroniser synchroniser;
     std::vector<float> out;

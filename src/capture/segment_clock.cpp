@@ -1,25 +1,25 @@
-#include "capture/recording_clock.h"
+#include "capture/segment_clock.h"
 
 #include <algorithm>
 #include <ranges>
 
 namespace quillora::capture {
 
-void RecordingClock::resume(CaptureClock::time_point now)
+void SegmentClock::resume(CaptureClock::time_point now)
 {
     if (running())
         return;
     m_segments.push_back({now, m_segments.empty() ? RecordedTime::zero() : m_segments.back().end()});
 }
 
-void RecordingClock::pause(CaptureClock::time_point now)
+void SegmentClock::pause(CaptureClock::time_point now)
 {
     if (running())
         m_segments.back().length =
             std::max(RecordedTime::zero(), RecordedTime(now - m_segments.back().begin));
 }
 
-RecordedTime RecordingClock::recordedAt(CaptureClock::time_point moment) const
+RecordedTime SegmentClock::recordedAt(CaptureClock::time_point moment) const
 {
     for (const Segment& segment : m_segments | std::views::reverse)
         if (moment >= segment.begin)

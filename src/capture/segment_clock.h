@@ -15,7 +15,7 @@ using RecordedTime = std::chrono::nanoseconds;
 /// Translates between moments and recorded time, over any number of pauses. Pictures and sound are both
 /// placed by it, so that a pause cuts both at the same moment, and nothing adds up over many pauses. Not
 /// thread-safe.
-class RecordingClock {
+class SegmentClock {
   public:
     struct Segment {
         CaptureClock::time_point begin{};

@@ -1,4 +1,4 @@
-#include "capture/recording_clock.h"
+#include "capture/segment_clock.h"
 
 #include <gtest/gtest.h>
 
@@ -11,16 +11,16 @@ const CaptureClock::time_point kNoon{CaptureClock::duration(12h)};
 
 } // namespace
 
-TEST(RecordingClock, StandsAtZeroUntilItRuns)
+TEST(SegmentClock, StandsAtZeroUntilItRuns)
 {
-    const RecordingClock clock;
+    const SegmentClock clock;
     EXPECT_FALSE(clock.running());
     EXPECT_EQ(clock.recordedAt(kNoon), 0s);
 }
 
-TEST(RecordingClock, StandsStillInPauses)
+TEST(SegmentClock, StandsStillInPauses)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.resume(kNoon);
     EXPECT_EQ(clock.recordedAt(kNoon + 7s), 7s);
     clock.pause(kNoon + 10s);
@@ -29,9 +29,9 @@ TEST(RecordingClock, StandsStillInPauses)
     EXPECT_EQ(clock.recordedAt(kNoon + 103s), 13s);
 }
 
-TEST(RecordingClock, StillKnowsMomentsOfEarlierSegments)
+TEST(SegmentClock, StillKnowsMomentsOfEarlierSegments)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.resume(kNoon);
     clock.pause(kNoon + 10s);
     clock.resume(kNoon + 100s);
@@ -42,9 +42,9 @@ TEST(RecordingClock, StillKnowsMomentsOfEarlierSegments)
     EXPECT_EQ(clock.recordedAt(kNoon + 105s), 15s);
 }
 
-TEST(RecordingClock, TakesNoNoticeOfASecondResumeOrPause)
+TEST(SegmentClock, TakesNoNoticeOfASecondResumeOrPause)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     clock.pause(kNoon);
     EXPECT_EQ(clock.segments().size(), 0U);
     clock.resume(kNoon);
@@ -55,9 +55,9 @@ TEST(RecordingClock, TakesNoNoticeOfASecondResumeOrPause)
     EXPECT_EQ(clock.recordedAt(kNoon + 5s), 2s);
 }
 
-TEST(RecordingClock, AddsUpManyPausesExactly)
+TEST(SegmentClock, AddsUpManyPausesExactly)
 {
-    RecordingClock clock;
+    SegmentClock clock;
     auto now = kNoon;
     for (int i = 0; i < 10'000; ++i) {
         clock.resume(now);
