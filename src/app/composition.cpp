@@ -1,6 +1,7 @@
 #include "app/composition.h"
 
 #include "app/recording_engine_factory.h"
+#include "app/slide_ink_parts.h"
 #include "app/system_wall_clock.h"
 #include "app/thread_sleeper.h"
 
@@ -83,6 +84,7 @@ struct Composition::Logic {
                   .slide_img_back = platform.window.slide_img_back(),
                   .assets = files.assets}),
           pen(platform.window.slide_img()),
+          slideInk({.window = platform.window, .pen = pen, .viewer = viewer, .assets = files.assets}),
           packaging({.fields = fields,
                      .workspace = workspace,
                      .zip = platform.zip,
@@ -149,6 +151,7 @@ struct Composition::Logic {
     capture::RandomNames names;
     deck::SlideViewer viewer;
     deck::SlidePen pen;
+    SlideInkParts slideInk;
     session::Packaging packaging;
     forms::QtTimer Timer2;
     session::Recorder recorder;
@@ -184,7 +187,6 @@ void Composition::connectForm()
             [&](const std::string& key) { logic.commands.main_TB_ButtonClick(key); });
     connect(&Vantry_frm::navigation_TB_ButtonClick,
             [&](const std::string& key) { logic.viewer.navigation_TB_ButtonClick(key); });
-    connect(&Vantry_frm::Command10_Click, [&] { logic.viewer.Command10_Click(); });
     connect(&Vantry_frm::Image1_Click, [&] { logic.deckShortcut.Image1_Click(); });
     connect(&Vantry_frm::slide_img_MouseDown, [&](int button, int shift, float x, float y) {
         logic.pen.slide_img_MouseDown(button, shift, x, y);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/colour.h"
+
 #include <filesystem>
 
 namespace quillora::deck {
@@ -14,6 +16,10 @@ class ImageSurface {
     virtual void ResizeImage(int width, int height) = 0;
     /// A blank picture of this many pixels.
     virtual void NewImage(int width, int height) = 0;
+    /// The pen of the segments to come; those that are drawn stay as they are.
+    virtual void setPenColor(base::Colour colour) = 0;
+    /// In pixels of the form, at least 1.
+    virtual void setPenWidth(int pixels) = 0;
     /// A line in the current pen, in the pixels of the held picture.
     virtual void DrawSegment(int x1, int y1, int x2, int y2) = 0;
 };

@@ -114,6 +114,18 @@ void ImageSurfaceWidget::NewImage(int width, int height)
     pictureChanged();
 }
 
+void ImageSurfaceWidget::setPenColor(base::Colour colour)
+{
+    m_pen.setColor(QColor(base::redOf(colour), base::greenOf(colour), base::blueOf(colour)));
+}
+
+void ImageSurfaceWidget::setPenWidth(int pixels)
+{
+    if (pixels < 1)
+        throw std::runtime_error("pen without a width");
+    m_pen.setWidth(pixels);
+}
+
 void ImageSurfaceWidget::DrawSegment(int x1, int y1, int x2, int y2)
 {
     decodeNow();
@@ -123,7 +135,9 @@ void ImageSurfaceWidget::DrawSegment(int x1, int y1, int x2, int y2)
     QPainter painter(&m_picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(m_pen);
-    painter.drawLine(line.translated(0.5, 0.5));
+    // A pen of an even width lies between two rows of pixels, where a level line is sharp.
+    const double centre = m_pen.width() % 2 == 1 ? 0.5 : 0;
+    painter.drawLine(line.translated(centre, centre));
     painter.end();
 
     if (m_display == Display::fitted) {
@@ -133,7 +147,8 @@ void ImageSurfaceWidget::DrawSegment(int x1, int y1, int x2, int y2)
     const double margin = m_pen.widthF() + 2;
     const QRectF touched =
         QRectF(line.p1(), line.p2()).normalized().adjusted(-margin, -margin, margin, margin);
-    update(touched.intersected(QRectF(rect())).toAlignedRect());
+    // Ink that trails behind the pointer is seen by the presenter, and is in the recording for good.
+    repaint(touched.intersected(QRectF(rect())).toAlignedRect());
 }
 
 QSize ImageSurfaceWidget::displayPixels(QSize formPixels) const

@@ -38,6 +38,9 @@ class ImageSurfaceWidget : public QWidget, public deck::ImageSurface {
     void LoadFile(const std::filesystem::path& picture) override;
     void ResizeImage(int width, int height) override;
     void NewImage(int width, int height) override;
+    void setPenColor(base::Colour colour) override;
+    void setPenWidth(int pixels) override;
+    /// On the stage the segment is on the screen when this returns, and nothing else was painted anew.
     void DrawSegment(int x1, int y1, int x2, int y2) override;
 
     /// The held picture; its device pixel ratio is that of the display once it was resized.

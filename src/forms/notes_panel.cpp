@@ -1,12 +1,12 @@
 #include "forms/notes_panel.h"
 
-#include "forms/command_button.h"
 #include "forms/image_surface_widget.h"
 #include "forms/navigation_toolbar.h"
+#include "forms/pen_options.h"
+#include "forms/pens_toolbar.h"
 
 #include <QFrame>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -40,32 +40,6 @@ QWidget* makePreviewFrame(ImageSurfaceWidget*& preview, QWidget* parent)
     return frame;
 }
 
-struct KeyHint {
-    const char* keys;
-    const char* meaning;
-};
-
-constexpr KeyHint kKeyHints[] = {
-    {"Page Down", "next slide"},
-    {"Page Up", "previous slide"},
-    {"Home, End", "first, last slide"},
-};
-
-QLayout* makeKeyHints(QWidget* parent)
-{
-    auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(14);
-    grid->setVerticalSpacing(4);
-    grid->setColumnStretch(1, 1);
-    int row = 0;
-    for (const KeyHint& hint : kKeyHints) {
-        grid->addWidget(makeLabel(QObject::tr(hint.keys), "key", parent), row, 0);
-        grid->addWidget(makeLabel(QObject::tr(hint.meaning), "caption", parent), row, 1);
-        ++row;
-    }
-    return grid;
-}
-
 } // namespace
 
 NotesPanel::NotesPanel(QWidget* parent) : QWidget(parent)
@@ -75,10 +49,11 @@ NotesPanel::NotesPanel(QWidget* parent) : QWidget(parent)
     setAttribute(Qt::WA_StyledBackground);
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(9, 11, 9, 13);
+    column->setContentsMargins(9, 9, 9, 9);
     column->setSpacing(8);
-    column->addWidget(makeLabel(tr("Slides"), "heading", this));
-    column->addSpacing(2);
+    auto* pens = new PensToolbar(this);
+    connect(pens, &PensToolbar::ButtonClick, this, &NotesPanel::pens_TB_ButtonClick);
+    column->addWidget(pens);
 
     auto* navigation = new NavigationToolbar(this);
     connect(navigation, &NavigationToolbar::ButtonClick, this, &NotesPanel::navigation_TB_ButtonClick);
@@ -89,21 +64,15 @@ NotesPanel::NotesPanel(QWidget* parent) : QWidget(parent)
     column->addWidget(makePreviewFrame(m_preview, this));
     column->addSpacing(6);
 
-    auto* eraseBox = new QWidget(this);
-    eraseBox->setObjectName("Picture28");
-    eraseBox->setAccessibleName(tr("Pens"));
-    auto* eraseRow = new QHBoxLayout(eraseBox);
-    eraseRow->setContentsMargins(0, 0, 0, 0);
-    auto* erase = new CommandButton(CommandButton::Face::iconAndCaption, "eraser", tr("Erase pen lines"),
-                                    tr("Erase pen lines"), eraseBox);
-    erase->setObjectName("Command10");
-    erase->setToolTip(tr("Wipe the pen lines off this slide"));
-    connect(erase, &QToolButton::clicked, this, &NotesPanel::Command10_Click);
-    eraseRow->addWidget(erase);
-    eraseRow->addStretch();
-    column->addWidget(eraseBox);
+    auto* options = new PenOptions(this);
+    connect(options, &PenOptions::Option_Click, this, &NotesPanel::Option_Click);
+    connect(options, &PenOptions::Command10_Click, this, &NotesPanel::Command10_Click);
+    column->addWidget(options);
+
+    auto* widths = new PenWidths(this);
+    connect(widths, &PenWidths::Option_Click, this, &NotesPanel::Option_Click);
+    column->addWidget(widths);
     column->addStretch();
-    column->addLayout(makeKeyHints(this));
 }
 
 } // namespace quillora::forms

@@ -8,8 +8,8 @@ namespace quillora::forms {
 
 class ImageSurfaceWidget;
 
-/// The notes panel `Pic_notes`: the preview of the next slide, the navigation, and the button that wipes the
-/// pen lines off the slide.
+/// The notes panel `Pic_notes`: the pens for the slide on the stage, the navigation, and the preview of the
+/// next slide.
 class NotesPanel : public QWidget {
     Q_OBJECT
 
@@ -20,6 +20,10 @@ class NotesPanel : public QWidget {
 
   signals:
     void navigation_TB_ButtonClick(const std::string& key);
+    /// With a key of `pens_TB`.
+    void pens_TB_ButtonClick(const std::string& key);
+    /// The older controls `Option7` to `Option13`, by their number.
+    void Option_Click(int number);
     void Command10_Click();
 
   private:

@@ -91,7 +91,6 @@ void Vantry_frm::forwardEvents()
     connect(m_toolbar, &MainToolbar::ButtonClick, this, &Vantry_frm::main_TB_ButtonClick);
     connect(m_notesPanel, &NotesPanel::navigation_TB_ButtonClick, this,
             &Vantry_frm::navigation_TB_ButtonClick);
-    connect(m_notesPanel, &NotesPanel::Command10_Click, this, &Vantry_frm::Command10_Click);
     connect(m_stage, &StageWidget::Image1_Click, this, &Vantry_frm::Image1_Click);
 
     auto* keys = new PresenterKeys(this);

@@ -38,6 +38,8 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     deck::SlidePanel& slide_img_back();
     /// The preview of the next slide.
     deck::ImageSurface& slide_img_N();
+    /// The panel of the slides, for the signals of its own controls.
+    NotesPanel& Pic_notes() { return *m_notesPanel; }
 
     void center_form() override;
     void setCaption(const std::string& text) override;
@@ -61,7 +63,6 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     void main_TB_ButtonClick(const std::string& key);
     /// "first", "pre", "next" or "last", from the buttons and from the presenter's keys.
     void navigation_TB_ButtonClick(const std::string& key);
-    void Command10_Click();
     /// The place to click in the start picture.
     void Image1_Click();
     /// @p button: 1 left, 2 right; @p shift: 1 Shift, 2 Ctrl; position in pixels of the slide.

@@ -1,6 +1,7 @@
 #include "tests/forms/form_fixture.h"
 
 #include "forms/image_surface_widget.h"
+#include "forms/notes_panel.h"
 
 #include <QAbstractButton>
 #include <QTest>
@@ -184,7 +185,7 @@ TEST_F(StageTest, SlideIsOnTheScreenBeforeWhatFollowsTheChange)
 TEST_F(StageTest, EraseButtonIsCommand10)
 {
     int clicks = 0;
-    QObject::connect(&form, &forms::Vantry_frm::Command10_Click, [&] { ++clicks; });
+    QObject::connect(&form.Pic_notes(), &forms::NotesPanel::Command10_Click, [&] { ++clicks; });
     ASSERT_NE(form.findChild<QWidget*>("Picture28")->findChild<QAbstractButton*>("Command10"), nullptr);
     find<QAbstractButton>("Command10")->click();
     EXPECT_EQ(clicks, 1);

@@ -4,6 +4,7 @@
 #include "tests/support/call_log.h"
 #include "tests/support/failing_calls.h"
 
+#include <cstdio>
 #include <stdexcept>
 
 namespace quillora::tests {
@@ -22,7 +23,11 @@ class FakeImageSurface : public deck::ImageSurface {
     std::string picture{};
     int width = 0;
     int height = 0;
+    base::Colour penColour = base::rgb(0, 0, 0);
+    int penWidth = 1;
     std::vector<std::string> lines{};
+    /// Colour and width of each of the lines, such as "0000ff 2" for red.
+    std::vector<std::string> pens{};
 
     void LoadFile(const std::filesystem::path& file) override
     {
@@ -32,6 +37,7 @@ class FakeImageSurface : public deck::ImageSurface {
             throw std::runtime_error("no such picture: " + file.string());
         picture = file.filename().string();
         lines.clear();
+        pens.clear();
     }
     void ResizeImage(int newWidth, int newHeight) override
     {
@@ -48,12 +54,34 @@ class FakeImageSurface : public deck::ImageSurface {
         width = newWidth;
         height = newHeight;
         lines.clear();
+        pens.clear();
+    }
+    void setPenColor(base::Colour colour) override
+    {
+        log.add(name + ".PenColor " + hex(colour));
+        failing.check("PenColor");
+        penColour = colour;
+    }
+    void setPenWidth(int pixels) override
+    {
+        log.add(name + ".PenWidth " + std::to_string(pixels));
+        failing.check("PenWidth");
+        penWidth = pixels;
     }
     void DrawSegment(int x1, int y1, int x2, int y2) override
     {
         failing.check("DrawSegment");
         lines.push_back(std::to_string(x1) + "," + std::to_string(y1) + " " + std::to_string(x2) + "," +
                         std::to_string(y2));
+        pens.push_back(hex(penColour) + " " + std::to_string(penWidth));
+    }
+
+  private:
+    static std::string hex(base::Colour colour)
+    {
+        char text[9];
+        std::snprintf(text, sizeof text, "%06x", static_cast<unsigned>(colour));
+        return text;
     }
 };
 

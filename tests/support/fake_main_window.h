@@ -75,7 +75,11 @@ class FakeMainWindow : public session::MainWindow {
         failing.check("setMousePointer");
         pointer = cursor;
     }
-    void setStagePointer(const std::filesystem::path& cursor) override { stagePointer = cursor; }
+    void setStagePointer(const std::filesystem::path& cursor) override
+    {
+        failing.check("setStagePointer");
+        stagePointer = cursor;
+    }
     void SetTopMost(bool flag) override
     {
         log.add(flag ? "SetTopMost true" : "SetTopMost false");
