@@ -3,11 +3,15 @@
 #include <algorithm>
 #include <stdexcept>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 namespace quillora::stage {
 namespace {
 
-/// The matrix in sixteen bits, in which a compiler fits eight pixels into one instruction: a shifted sample
-/// times a factor, of which the upper half is kept, is the term with two binary places.
+/// The matrix in sixteen bits, of which eight fit into one instruction: a shifted sample times a factor, of
+/// which the upper half is kept, is the term with two binary places.
 struct Matrix {
     std::int16_t black;
     std::int16_t brightness;
@@ -65,13 +69,44 @@ struct ColourTerms {
     }
 };
 
+#if defined(__SSE2__)
+__m128i load(const std::int16_t* terms) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(terms)); }
+
+__m128i toBytes(__m128i brightness, __m128i colour)
+{
+    const __m128i quarters = _mm_add_epi16(_mm_add_epi16(brightness, colour), _mm_set1_epi16(2));
+    const __m128i whole = _mm_srai_epi16(quarters, 2);
+    return _mm_packus_epi16(whole, whole);
+}
+
+void convertEight(const std::uint8_t* brightness, __m128i red, __m128i green, __m128i blue,
+                  const Matrix& matrix, std::uint32_t* pixels)
+{
+    const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(brightness));
+    const __m128i above =
+        _mm_sub_epi16(_mm_unpacklo_epi8(bytes, _mm_setzero_si128()), _mm_set1_epi16(matrix.black));
+    const __m128i y =
+        _mm_mulhi_epi16(_mm_slli_epi16(above, kBrightnessShift), _mm_set1_epi16(matrix.brightness));
+    const __m128i blueGreen = _mm_unpacklo_epi8(toBytes(y, blue), toBytes(y, green));
+    const __m128i redAlpha = _mm_unpacklo_epi8(toBytes(y, red), _mm_set1_epi8(-1));
+    auto* const to = reinterpret_cast<__m128i*>(pixels);
+    _mm_storeu_si128(to, _mm_unpacklo_epi16(blueGreen, redAlpha));
+    _mm_storeu_si128(to + 1, _mm_unpackhi_epi16(blueGreen, redAlpha));
+}
+#endif
+
 void convertRow(const std::uint8_t* brightness, const ColourTerms& terms, int width, const Matrix& matrix,
                 std::uint32_t* pixels)
 {
     const std::int16_t* red = terms.red.data();
     const std::int16_t* green = terms.green.data();
     const std::int16_t* blue = terms.blue.data();
-    for (int x = 0; x < width; ++x) {
+    int x = 0;
+#if defined(__SSE2__)
+    for (; x + 8 <= width; x += 8)
+        convertEight(brightness + x, load(red + x), load(green + x), load(blue + x), matrix, pixels + x);
+#endif
+    for (; x < width; ++x) {
         const std::int16_t y =
             upperHalf(std::int16_t((brightness[x] - matrix.black) << kBrightnessShift), matrix.brightness);
         pixels[x] = 0xFF000000U | toByte(y + red[x]) << 16 | toByte(y + green[x]) << 8 | toByte(y + blue[x]);

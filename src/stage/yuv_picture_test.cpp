@@ -88,6 +88,19 @@ TEST(YuvPicture, GivesEachPixelItsBrightnessAndEachFourTheirColour)
     }
 }
 
+TEST(YuvPicture, IsTheSameWhereverInARowAPixelStands)
+{
+    // A width that no power of two above 2 divides.
+    constexpr int kWidth = 46;
+    for (int y = 0; y < 256; y += 3) {
+        CameraFrame frame;
+        toRgb(planesOf(kWidth, 2, std::uint8_t(y), std::uint8_t(255 - y), 77), kWidth, 2, YuvRange::limited,
+              frame);
+        for (const auto pixel : frame.pixels)
+            ASSERT_EQ(pixel, frame.pixels.back()) << y;
+    }
+}
+
 TEST(YuvPicture, IsRefusedWithoutAllOfItsPlanes)
 {
     CameraFrame frame;

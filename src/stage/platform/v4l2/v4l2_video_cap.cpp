@@ -68,7 +68,7 @@ void V4l2VideoCap::connect()
             throw std::runtime_error("the camera does not answer");
     }
     // Held here too: an event that is let through may take the connection away.
-    const auto connection = std::make_shared<v4l2::CameraConnection>(m_target, m_ports.frames);
+    const auto connection = std::make_shared<v4l2::CameraThread>(m_target, m_ports.frames);
     m_connection = connection;
     if (!connection->waitUntilOpen(m_ports.patience)) {
         if (m_connection == connection)

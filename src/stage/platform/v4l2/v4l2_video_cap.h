@@ -2,7 +2,7 @@
 
 #include "stage/camera_settings.h"
 #include "stage/newest_frame.h"
-#include "stage/platform/v4l2/camera_connection.h"
+#include "stage/platform/v4l2/camera_thread.h"
 #include "stage/platform/v4l2/camera_nodes.h"
 #include "stage/platform/v4l2/patience.h"
 #include "stage/video_cap_x.h"
@@ -50,15 +50,15 @@ class V4l2VideoCap : public VideoCapX, private CameraSettings {
     /// A device that was let go, and may not be closed yet.
     struct Leaving {
         std::string node;
-        std::shared_ptr<v4l2::CameraConnection::Line> line;
+        std::shared_ptr<v4l2::CameraThread::Line> line;
     };
 
     Ports m_ports;
     v4l2::CameraNodes m_nodes;
     std::vector<v4l2::CameraNode> m_found;
     int m_deviceIndex = 0;
-    v4l2::CameraConnection::Target m_target;
-    std::shared_ptr<v4l2::CameraConnection> m_connection;
+    v4l2::CameraThread::Target m_target;
+    std::shared_ptr<v4l2::CameraThread> m_connection;
     std::vector<Leaving> m_leaving;
 };
 

@@ -1,4 +1,4 @@
-#include "stage/platform/v4l2/camera_connection.h"
+#include "stage/platform/v4l2/camera_thread.h"
 
 #include "stage/platform/v4l2/device.h"
 #include "stage/platform/v4l2/device_controls.h"
@@ -42,7 +42,7 @@ class Bell {
     int m_descriptor;
 };
 
-void selectSource(const Device& device, const CameraConnection::Target& target)
+void selectSource(const Device& device, const CameraThread::Target& target)
 {
     int input = target.videoInput;
     device.tryRequest(VIDIOC_S_INPUT, &input);
@@ -55,7 +55,7 @@ void selectSource(const Device& device, const CameraConnection::Target& target)
 
 } // namespace
 
-class CameraConnection::Line {
+class CameraThread::Line {
   public:
     enum class State { opening, open, over };
     struct Orders {
@@ -191,7 +191,7 @@ class CameraConnection::Line {
 
 namespace {
 
-using Line = CameraConnection::Line;
+using Line = CameraThread::Line;
 
 /// A setting that is no number may well take others into its hands or free them.
 bool mayChangeOthers(const std::vector<CameraSetting>& settings, std::uint32_t id)
@@ -224,7 +224,7 @@ void waitForNews(const Device& device, const Line& line)
         throw std::runtime_error("the camera is gone");
 }
 
-void film(const CameraConnection::Target& target, Line& line)
+void film(const CameraThread::Target& target, Line& line)
 {
     const Device device(target.node);
     selectSource(device, target);
@@ -247,7 +247,7 @@ void film(const CameraConnection::Target& target, Line& line)
 
 } // namespace
 
-CameraConnection::CameraConnection(Target target, NewestFrame& frames)
+CameraThread::CameraThread(Target target, NewestFrame& frames)
     : m_line(std::make_shared<Line>(frames))
 {
     std::thread([line = m_line, target = std::move(target)] {
@@ -261,26 +261,26 @@ CameraConnection::CameraConnection(Target target, NewestFrame& frames)
     }).detach();
 }
 
-CameraConnection::~CameraConnection() { letGo(); }
+CameraThread::~CameraThread() { letGo(); }
 
-bool CameraConnection::waitUntilOpen(const Patience& patience)
+bool CameraThread::waitUntilOpen(const Patience& patience)
 {
     return std::shared_ptr(m_line)->waitUntilOpen(patience);
 }
 
-bool CameraConnection::open() const { return m_line->open(); }
+bool CameraThread::open() const { return m_line->open(); }
 
-void CameraConnection::setPreview(bool running) { m_line->setPreview(running); }
+void CameraThread::setPreview(bool running) { m_line->setPreview(running); }
 
-std::vector<CameraSetting> CameraConnection::settings() const { return m_line->settings(); }
+std::vector<CameraSetting> CameraThread::settings() const { return m_line->settings(); }
 
-void CameraConnection::refreshSettings() { m_line->refresh(); }
+void CameraThread::refreshSettings() { m_line->refresh(); }
 
-void CameraConnection::changeSetting(std::uint32_t id, int value) { m_line->change(id, value); }
+void CameraThread::changeSetting(std::uint32_t id, int value) { m_line->change(id, value); }
 
-void CameraConnection::letGo() { m_line->letGo(); }
+void CameraThread::letGo() { m_line->letGo(); }
 
-bool waitUntilClosed(CameraConnection::Line& line, const Patience& patience)
+bool waitUntilClosed(CameraThread::Line& line, const Patience& patience)
 {
     return line.waitUntilClosed(patience);
 }

@@ -18,7 +18,7 @@ namespace quillora::stage::v4l2 {
 /// A thread that hangs in the driver is let go rather than waited for; it reaches nothing of the program any
 /// more, and closes the device should it ever come back. All operations are for the thread of forms and
 /// logic.
-class CameraConnection {
+class CameraThread {
   public:
     struct Target {
         std::string node;
@@ -26,11 +26,11 @@ class CameraConnection {
         std::int16_t videoStandard = 0;
     };
     /// Begins to open the device. Pictures go to @p frames, which must outlive this object.
-    CameraConnection(Target target, NewestFrame& frames);
+    CameraThread(Target target, NewestFrame& frames);
     /// Lets go at once.
-    ~CameraConnection();
-    CameraConnection(const CameraConnection&) = delete;
-    CameraConnection& operator=(const CameraConnection&) = delete;
+    ~CameraThread();
+    CameraThread(const CameraThread&) = delete;
+    CameraThread& operator=(const CameraThread&) = delete;
 
     /// Whether the device sends pictures now, with the time that @p patience gives it for that.
     bool waitUntilOpen(const Patience& patience);
@@ -53,6 +53,6 @@ class CameraConnection {
 };
 
 /// Waits until the device of a connection that was let go is closed. False when it isn't in time.
-bool waitUntilClosed(CameraConnection::Line& line, const Patience& patience);
+bool waitUntilClosed(CameraThread::Line& line, const Patience& patience);
 
 } // namespace quillora::stage::v4l2
