@@ -1,11 +1,11 @@
 #include "app/composition.h"
 
+#include "app/capture_options_parts.h"
 #include "app/recording_engine_factory.h"
 #include "app/slide_ink_parts.h"
 #include "app/system_wall_clock.h"
 #include "app/thread_sleeper.h"
 
-#include "capture/capture_settings.h"
 #include "capture/random_string.h"
 #include "deck/deck_import.h"
 #include "deck/platform/libreoffice/libreoffice_converter.h"
@@ -93,10 +93,17 @@ struct Composition::Logic {
                      .boxes = platform.boxes,
                      .copier = platform.copier}),
           Timer2(50ms, [this] { recorder.Timer2_Timer(); }),
+          captureEngine(platform.engines),
+          captureOptions({.fields = fields,
+                          .window = platform.window,
+                          .hints = platform.windowHints,
+                          .boxes = platform.boxes,
+                          .captureEngine = captureEngine}),
           recorder({.fields = fields,
                     .window = platform.window,
-                    .engines = platform.engines,
-                    .settings = settings,
+                    .captureEngine = captureEngine,
+                    .options = captureOptions.logic(),
+                    .time = time,
                     .names = names,
                     .clock = platform.clock,
                     .Timer2 = Timer2,
@@ -145,7 +152,6 @@ struct Composition::Logic {
     {}
 
     session::SessionFields fields;
-    capture::CaptureSettings settings;
     session::Workspace workspace;
     session::SlideTimeIndex index{fields, workspace};
     capture::RandomNames names;
@@ -154,6 +160,9 @@ struct Composition::Logic {
     SlideInkParts slideInk;
     session::Packaging packaging;
     forms::QtTimer Timer2;
+    session::CaptureEngineField captureEngine;
+    CaptureOptionsParts captureOptions;
+    session::RecordingClock time;
     session::Recorder recorder;
     forms::QtTimer countDown_tmr2;
     session::Countdown countdown;

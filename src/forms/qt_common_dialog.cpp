@@ -1,5 +1,6 @@
 #include "forms/qt_common_dialog.h"
 
+#include "forms/dialog_owner.h"
 #include "forms/file_filters.h"
 #include "forms/verbatim_file_dialog.h"
 
@@ -27,7 +28,7 @@ void QtCommonDialog::ShowSave() { show(Kind::save); }
 
 void QtCommonDialog::show(Kind kind)
 {
-    VerbatimFileDialog dialog(&m_owner);
+    VerbatimFileDialog dialog(dialogOwner(m_owner));
     dialog.setObjectName("CommonDialog1");
     dialog.setWindowTitle(QString::fromStdString(DialogTitle));
     dialog.setAcceptMode(kind == Kind::save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);

@@ -1,5 +1,7 @@
 #include "forms/qt_message_boxes.h"
 
+#include "forms/dialog_owner.h"
+
 #include <QMessageBox>
 
 namespace quillora::forms {
@@ -43,7 +45,7 @@ void addButtons(QMessageBox& shown, base::BoxButtons buttons)
 
 base::BoxAnswer QtMessageBoxes::show(const base::MessageBox& box)
 {
-    QMessageBox shown(&m_owner);
+    QMessageBox shown(dialogOwner(m_owner));
     shown.setObjectName("MessageBox");
     shown.setWindowTitle(QString::fromStdString(box.title));
     shown.setTextFormat(Qt::PlainText);

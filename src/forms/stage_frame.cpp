@@ -28,14 +28,24 @@ bool StageFrame::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
+void StageFrame::setBackStyle(BackStyle style)
+{
+    m_backStyle = style;
+    update();
+}
+
 void StageFrame::paintEvent(QPaintEvent*)
 {
     const int width = m_mark == Mark::focus ? 2 : 1;
-    QPainter painter(this);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(m_mark == Mark::focus ? colours::kAccent : colours::kLine);
+    const QColor line = m_mark == Mark::focus ? colours::kAccent : colours::kLine;
     const int inset = kMargin - width;
-    painter.drawRect(rect().adjusted(inset, inset, -inset, -inset));
+    const QRect outline = rect().adjusted(inset, inset, -inset, -inset);
+    QPainter painter(this);
+    if (m_backStyle == BackStyle::opaque)
+        painter.fillRect(outline, line);
+    const QRegion hairline = QRegion(outline) - outline.adjusted(width, width, -width, -width);
+    for (const QRect& side : hairline)
+        painter.fillRect(side, line);
 }
 
 } // namespace quillora::forms

@@ -13,7 +13,12 @@ class StageFrame : public QWidget {
     /// Room that the frame takes on each side of the stage, in pixels.
     static constexpr int kMargin = 3;
 
+    enum class BackStyle { opaque, transparent };
+
     StageFrame(QWidget& stage, QWidget* parent);
+
+    /// Whether the ground of the form shows between the line and the stage.
+    void setBackStyle(BackStyle style);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -22,6 +27,7 @@ class StageFrame : public QWidget {
   private:
     enum class Mark { none, focus };
     Mark m_mark = Mark::none;
+    BackStyle m_backStyle = BackStyle::opaque;
 };
 
 } // namespace quillora::forms

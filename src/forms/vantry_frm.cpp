@@ -4,10 +4,12 @@
 #include "forms/countdown_picture.h"
 #include "forms/cursor_file.h"
 #include "forms/image_surface_widget.h"
+#include "forms/input_block.h"
 #include "forms/look.h"
 #include "forms/main_toolbar.h"
 #include "forms/notes_panel.h"
 #include "forms/presenter_keys.h"
+#include "forms/screen_presence.h"
 #include "forms/slide_panel_widget.h"
 #include "forms/stage_frame.h"
 #include "forms/stage_widget.h"
@@ -73,7 +75,7 @@ void Vantry_frm::placeParts()
     m_stage = new StageWidget(this);
     m_stage->move(pixels(kStageLeft), pixels(kStageTop));
     m_notesPanel->setGeometry(kGap, m_stage->y(), pixels(kTaskPaneWidth) - kGap, m_stage->height());
-    new StageFrame(*m_stage, this);
+    m_shape = new StageFrame(*m_stage, this);
     // The countdown's place reaches a pixel into the stage; the stage's pixels are the lecture's own.
     m_stage->raise();
 
@@ -143,6 +145,7 @@ void Vantry_frm::setStagePointer(const std::filesystem::path& cursor) { setPoint
 
 void Vantry_frm::SetTopMost(bool flag)
 {
+    m_topMost = flag;
     if (windowHandle() != nullptr)
         m_hints.setStacking(*windowHandle(), flag ? Stacking::above : Stacking::ordinary);
 }
@@ -167,6 +170,25 @@ void Vantry_frm::applyWindowFunctions()
         m_hints.setFunctions(*windowHandle(), m_hasMinimizeBox ? MinimizeBox::present : MinimizeBox::absent,
                              m_moveLocked ? Move::locked : Move::allowed);
 }
+
+void Vantry_frm::setFormVisible(bool visible)
+{
+    if (!visible) {
+        takeOffScreen(*this, m_hints);
+        return;
+    }
+    bringOntoScreen(*this, m_hints);
+    // Window managers forget what they were asked for about a window that was away.
+    SetTopMost(m_topMost);
+    applyWindowFunctions();
+}
+
+void Vantry_frm::setFormEnabled(bool enabled)
+{
+    m_inputBlock = enabled ? nullptr : std::make_unique<InputBlock>(*this);
+}
+
+void Vantry_frm::makeShapeTransparent() { m_shape->setBackStyle(StageFrame::BackStyle::transparent); }
 
 capture::PixelRectangle Vantry_frm::stageRectangle() const
 {

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include <filesystem>
+#include <memory>
 #include <string>
 
 namespace quillora::deck {
@@ -15,8 +16,10 @@ class SlidePanel;
 namespace quillora::forms {
 
 class CountdownPicture;
+class InputBlock;
 class MainToolbar;
 class NotesPanel;
+class StageFrame;
 class StageWidget;
 class StatusBar;
 class WindowHints;
@@ -55,6 +58,9 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     bool hasMinimizeBox() const override;
     void setHasMinimizeBox(bool present) override;
     void setMoveLocked(bool locked) override;
+    void setFormVisible(bool visible) override;
+    void setFormEnabled(bool enabled) override;
+    void makeShapeTransparent() override;
     capture::PixelRectangle stageRectangle() const override;
     void processPendingEvents() override;
 
@@ -87,8 +93,11 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     MainToolbar* m_toolbar;
     NotesPanel* m_notesPanel;
     StageWidget* m_stage;
+    StageFrame* m_shape;
     CountdownPicture* m_countdown;
     StatusBar* m_statusBar;
+    bool m_topMost = false;
+    std::unique_ptr<InputBlock> m_inputBlock{};
     bool m_hasMinimizeBox = true;
     bool m_moveLocked = false;
     Closing m_closing = Closing::no;

@@ -2,6 +2,7 @@
 
 #include <QPoint>
 
+#include <cstdint>
 #include <optional>
 
 class QWindow;
@@ -25,6 +26,12 @@ class WindowHints {
     /// Where the inside of the window begins, in physical pixels of the screen; nothing where that is not
     /// known.
     virtual std::optional<QPoint> originOnScreen(QWindow& window) = 0;
+
+    /// The window that stands on the screen for this one: the window manager's frame around it, or the window
+    /// itself; 0 where that is not known.
+    virtual std::uint32_t frameOf(QWindow& window) = 0;
+    /// Whether a window, known by what frameOf() gave, is to be seen on the screen at this moment.
+    virtual bool isViewable(std::uint32_t frame) = 0;
 };
 
 } // namespace quillora::forms

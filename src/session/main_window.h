@@ -40,6 +40,14 @@ class MainWindow {
     /// Takes away, or gives back, the means by which the presenter moves the window.
     virtual void setMoveLocked(bool locked) = 0;
 
+    /// Puts the form on the screen, or takes it off. Returns when that has happened, or when it takes too
+    /// long: what is recorded next must show the form whole, or not at all.
+    virtual void setFormVisible(bool visible) = 0;
+    /// Whether the form answers to the presenter.
+    virtual void setFormEnabled(bool enabled) = 0;
+    /// Of the frame `Shape` around the stage only the line remains.
+    virtual void makeShapeTransparent() = 0;
+
     /// The stage `Picture1` on the screen, in physical pixels.
     virtual capture::PixelRectangle stageRectangle() const = 0;
 

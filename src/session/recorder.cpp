@@ -20,7 +20,7 @@ void Recorder::StartRec()
     skipFailures([&] { m_ports.window.SetTopMost(true); },
                  // The same toggle as at the stop, so a start and a stop give the window back as it was.
                  [&] { StopMoveForm(); }, [&] { configureEngine(); }, [&] { configureRegion(); },
-                 [&] { nameTheVideo(); }, [&] { m_time.start(m_ports.clock.now()); },
+                 [&] { nameTheVideo(); }, [&] { m_ports.time.start(m_ports.clock.now()); },
                  [&] { captureEngine().Start(); }, [&] { m_ports.Timer2.enable(); },
                  [&] { fields.recordState = "record"; },
                  [&] { m_ports.window.setStatusPanel(1, "Recording ..."); }, [&] { fields.Text2 = "R"; });
@@ -30,7 +30,7 @@ void Recorder::PauseRec()
 {
     m_ports.window.SetTopMost(false);
     m_ports.fields.Text2 = "P";
-    m_time.pause(m_ports.clock.now());
+    m_ports.time.pause(m_ports.clock.now());
     m_ports.window.setStatusPanel(1, "Paused ...");
     captureEngine().Pause();
     m_ports.Timer2.disable();
@@ -39,7 +39,7 @@ void Recorder::PauseRec()
 void Recorder::ResumeRec()
 {
     captureEngine().Start();
-    m_time.resume(m_ports.clock.now());
+    m_ports.time.resume(m_ports.clock.now());
     m_ports.window.setStatusPanel(1, "Recording ...");
     m_ports.Timer2.enable();
 }
@@ -55,23 +55,16 @@ void Recorder::StopRec()
 void Recorder::Timer2_Timer()
 {
     const auto now = m_ports.clock.now();
-    const auto plain = m_time.plain(now);
-    const auto corrected = m_time.corrected(now);
+    const auto plain = m_ports.time.plain(now);
+    const auto corrected = m_ports.time.corrected(now);
     auto& fields = m_ports.fields;
     fields.runningTime = fields.Text2 == "R" ? plain : corrected;
     skipFailures([&] { m_ports.window.setStatusPanel(4, fields.runningTime); });
 }
 
-capture::CaptureEngine& Recorder::captureEngine()
-{
-    if (!m_captureEngine)
-        m_captureEngine = m_ports.engines.create();
-    return *m_captureEngine;
-}
-
 void Recorder::configureEngine()
 {
-    const auto& settings = m_ports.settings;
+    const auto& settings = m_ports.options.controls().settings;
     skipFailures([&] { captureEngine().setCaptureCursor(settings.capturecursor_chk); },
                  [&] { captureEngine().setHighlightCursor(settings.highlightCursor_chk); },
                  [&] { captureEngine().setHighlightSize(capture::kHighlightSize); },

@@ -3,15 +3,14 @@
 #include "base/clock.h"
 #include "base/timer.h"
 #include "capture/capture_engine.h"
-#include "capture/capture_settings.h"
 #include "capture/random_string.h"
+#include "session/capture_engine_field.h"
+#include "session/capture_options.h"
 #include "session/main_window.h"
 #include "session/packaging.h"
 #include "session/recording_clock.h"
 #include "session/session_fields.h"
 #include "session/user_folders.h"
-
-#include <memory>
 
 namespace quillora::session {
 
@@ -25,8 +24,9 @@ class Recorder {
     struct Ports {
         SessionFields& fields;
         MainWindow& window;
-        capture::CaptureEngineFactory& engines;
-        const capture::CaptureSettings& settings;
+        CaptureEngineField& captureEngine;
+        CaptureOptions& options;
+        RecordingClock& time;
         capture::RandomNames& names;
         const base::WallClock& clock;
         /// Ticks Timer2_Timer() every 50 ms.
@@ -50,16 +50,13 @@ class Recorder {
     void Timer2_Timer();
 
   private:
-    capture::CaptureEngine& captureEngine();
+    capture::CaptureEngine& captureEngine() { return m_ports.captureEngine.get(); }
     void configureEngine();
     void configureRegion();
     void nameTheVideo();
     void StopMoveForm();
 
     Ports m_ports;
-    /// Made at first use and kept for the life of the process.
-    std::unique_ptr<capture::CaptureEngine> m_captureEngine{};
-    RecordingClock m_time{};
     bool m_moveLocked = false;
 };
 

@@ -1,6 +1,7 @@
 #include "session/recorder.h"
 
 #include "tests/support/fake_capture_engine.h"
+#include "tests/support/fake_capture_options_form.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/fake_common_dialog.h"
 #include "tests/support/fake_file_copier.h"
@@ -31,11 +32,15 @@ class RecorderTest : public testing::Test {
     tests::FakeMessageBoxes boxes{log};
     tests::FakeFileCopier copier{};
     SessionFields fields{};
-    capture::CaptureSettings settings{};
     capture::RandomNames names{clock};
     Workspace workspace{fields, folders};
     Packaging packaging{{fields, workspace, zip, sleeper, dialog, boxes, copier}};
-    Recorder recorder{{fields, window, engines, settings, names, clock, Timer2, folders, packaging}};
+    tests::FakeCaptureOptionsForm optionsForm{log};
+    CaptureEngineField captureEngine{engines};
+    CaptureOptions options{{fields, window, boxes, captureEngine, optionsForm}};
+    RecordingClock time{};
+    Recorder recorder{
+        {fields, window, captureEngine, options, time, names, clock, Timer2, folders, packaging}};
 };
 
 using Calls = std::vector<std::string>;
@@ -55,7 +60,9 @@ TEST_F(RecorderTest, StartsInItsOrder)
     recorder.StartRec();
     EXPECT_EQ(log.calls[0], "SetTopMost true");
     EXPECT_EQ(log.calls[1], "move locked");
-    EXPECT_EQ(log.calls[2], "engine.CaptureCursor true");
+    EXPECT_EQ(log.calls[2], "list VideoCodecCount");
+    EXPECT_EQ(*std::ranges::find_if(log.calls, [](const auto& call) { return call.starts_with("engine."); }),
+              "engine.CaptureCursor true");
     const Calls end(log.calls.end() - 3, log.calls.end());
     EXPECT_EQ(end, (Calls{"engine.Start", "Timer2.enable", "panel1 Recording ..."}));
     EXPECT_EQ(fields.recordState, "record");
@@ -74,8 +81,9 @@ TEST_F(RecorderTest, StopsInItsOrderAndPacksLast)
 
 TEST_F(RecorderTest, TakesTheSettingsOfTheMoment)
 {
-    settings = {
-        .txtfps = "30", .bitrate_txt = "1500 or so", .capturecursor_chk = true, .highlightCursor_chk = true};
+    options.txtfps_Change("30");
+    options.bitrate_txt_Change("1500 or so");
+    options.highlightCursor_chk_Click(true);
     recorder.StartRec();
     EXPECT_EQ(log.count("engine.FrameRate 30"), 1);
     EXPECT_EQ(log.count("engine.Bitrate 1500000"), 1);
@@ -84,8 +92,8 @@ TEST_F(RecorderTest, TakesTheSettingsOfTheMoment)
 
 TEST_F(RecorderTest, PassesTheHighlightOnWithoutTheCursor)
 {
-    settings.capturecursor_chk = false;
-    settings.highlightCursor_chk = true;
+    options.capturecursor_chk_Click(false);
+    options.highlightCursor_chk_Click(true);
     recorder.StartRec();
     EXPECT_EQ(log.count("engine.CaptureCursor false"), 1);
     EXPECT_EQ(log.count("engine.HighlightCursor true"), 1);
@@ -93,8 +101,8 @@ TEST_F(RecorderTest, PassesTheHighlightOnWithoutTheCursor)
 
 TEST_F(RecorderTest, GivesTheEngineZeroForASettingWithoutANumber)
 {
-    settings.txtfps = "fast";
-    settings.bitrate_txt = "";
+    options.txtfps_Change("fast");
+    options.bitrate_txt_Change("");
     recorder.StartRec();
     EXPECT_EQ(log.count("engine.FrameRate 0"), 1);
     EXPECT_EQ(log.count("engine.Bitrate 0"), 1);

@@ -9,6 +9,7 @@
 #include "stage/media_selection.h"
 #include "tests/support/fake_beeper.h"
 #include "tests/support/fake_capture_engine.h"
+#include "tests/support/fake_capture_options_form.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/fake_common_dialog.h"
 #include "tests/support/fake_file_copier.h"
@@ -53,6 +54,7 @@ class LectureWorld : public testing::Test {
     FakeBeeper beeper{log};
     FakeRecordingAnnouncement announcement{};
     FakeCaptureEngineFactory engines{log};
+    FakeCaptureOptionsForm CaptureOptions_frm{log};
     FakeZipWriterFactory zip{log};
     FakeSleeper sleeper{log};
     FakeFileCopier copier{};
@@ -62,7 +64,6 @@ class LectureWorld : public testing::Test {
     FakePresentationConverter converter{log};
 
     session::SessionFields fields{};
-    capture::CaptureSettings settings{};
     capture::RandomNames names{clock};
     session::Workspace workspace{fields, folders};
     session::SlideTimeIndex index{fields, workspace};
@@ -74,7 +75,11 @@ class LectureWorld : public testing::Test {
     stage::MediaSelection media{{fields, window, viewer, slide_img_back}};
     stage::DeckShortcut deckShortcut{{slide_img_back, deckImport}};
     session::Packaging packaging{{fields, workspace, zip, sleeper, CommonDialog1, boxes, copier}};
-    session::Recorder recorder{{fields, window, engines, settings, names, clock, Timer2, folders, packaging}};
+    session::CaptureEngineField captureEngine{engines};
+    session::CaptureOptions options{{fields, window, boxes, captureEngine, CaptureOptions_frm}};
+    session::RecordingClock time{};
+    session::Recorder recorder{
+        {fields, window, captureEngine, options, time, names, clock, Timer2, folders, packaging}};
     session::Countdown countdown{{window, clock, countDown_tmr2, beeper, recorder, announcement, assets}};
     session::RecordingSession session{
         {fields, window, boxes, mic_frm, engines, viewer, index, workspace, recorder, countdown, assets}};

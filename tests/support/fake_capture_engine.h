@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <fstream>
 #include <sstream>
+#include <string>
+#include <vector>
 
 namespace quillora::tests {
 
@@ -23,6 +25,9 @@ class FakeCaptureEngineFactory : public capture::CaptureEngineFactory {
     int alive = 0;
     int mostAlive = 0;
     int recordings = 0;
+    std::vector<std::string> videoCodecs{"Windows Media Video 8", "Windows Media Screen"};
+    std::vector<std::string> audioDevices{"Microphone", "Headset"};
+    std::vector<std::string> audioLines{"Default input"};
 
     std::unique_ptr<capture::CaptureEngine> create() override;
 };
@@ -68,14 +73,35 @@ class FakeCaptureEngine : public capture::CaptureEngine {
         m_running = false;
     }
 
-    std::int32_t VideoCodecCount() const override { return 0; }
-    std::string VideoCodecName(std::int32_t /*index*/) const override { return {}; }
-    std::int32_t AudioDeviceCount() const override { return 0; }
-    std::string AudioDeviceName(std::int32_t /*index*/) const override { return {}; }
-    std::int32_t AudioLineCount() const override { return 0; }
-    std::string AudioLineName(std::int32_t /*index*/) const override { return {}; }
+    std::int32_t VideoCodecCount() const override { return count("VideoCodec", m_factory.videoCodecs); }
+    std::string VideoCodecName(std::int32_t index) const override
+    {
+        return name("VideoCodec", m_factory.videoCodecs, index);
+    }
+    std::int32_t AudioDeviceCount() const override { return count("AudioDevice", m_factory.audioDevices); }
+    std::string AudioDeviceName(std::int32_t index) const override
+    {
+        return name("AudioDevice", m_factory.audioDevices, index);
+    }
+    std::int32_t AudioLineCount() const override { return count("AudioLine", m_factory.audioLines); }
+    std::string AudioLineName(std::int32_t index) const override
+    {
+        return name("AudioLine", m_factory.audioLines, index);
+    }
 
   private:
+    /// The lists are asked before a recording, not in it, and so have a beginning of their own in the log.
+    std::int32_t count(const std::string& list, const std::vector<std::string>& names) const
+    {
+        m_factory.log.add("list " + list + "Count");
+        m_factory.failing.check(list + "Count");
+        return static_cast<std::int32_t>(names.size());
+    }
+    std::string name(const std::string& list, const std::vector<std::string>& names, std::int32_t index) const
+    {
+        m_factory.log.add("list " + list + "Name " + std::to_string(index));
+        return names.at(static_cast<std::size_t>(index));
+    }
     void call(const std::string& name)
     {
         m_factory.log.add("engine." + name);

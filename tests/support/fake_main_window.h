@@ -28,6 +28,9 @@ class FakeMainWindow : public session::MainWindow {
     bool topMost = false;
     bool minimizeBox = true;
     bool moveLocked = false;
+    bool formVisible = true;
+    bool formEnabled = true;
+    bool shapeTransparent = false;
     capture::PixelRectangle stage{.left = 264, .top = 90, .width = 747, .height = 420};
     /// What happens while pending events are handled.
     std::function<void()> pendingEvents = [] {};
@@ -96,6 +99,22 @@ class FakeMainWindow : public session::MainWindow {
     {
         log.add(locked ? "move locked" : "move free");
         moveLocked = locked;
+    }
+    void setFormVisible(bool visible) override
+    {
+        log.add(visible ? "Vantry_frm shown" : "Vantry_frm hidden");
+        failing.check("setFormVisible");
+        formVisible = visible;
+    }
+    void setFormEnabled(bool enabled) override
+    {
+        log.add(enabled ? "Vantry_frm enabled" : "Vantry_frm disabled");
+        formEnabled = enabled;
+    }
+    void makeShapeTransparent() override
+    {
+        log.add("Shape transparent");
+        shapeTransparent = true;
     }
     capture::PixelRectangle stageRectangle() const override
     {

@@ -128,4 +128,33 @@ std::optional<QPoint> X11WindowHints::originOnScreen(QWindow& window)
     return QPoint(reply->dst_x, reply->dst_y);
 }
 
+std::uint32_t X11WindowHints::frameOf(QWindow& window)
+{
+    xcb_connection_t* display = connection();
+    if (display == nullptr)
+        return XCB_WINDOW_NONE;
+    auto frame = xcb_window_t(window.winId());
+    for (;;) {
+        const Reply<xcb_query_tree_reply_t> tree{
+            xcb_query_tree_reply(display, xcb_query_tree(display, frame), nullptr)};
+        if (!tree || tree->parent == tree->root || tree->parent == XCB_WINDOW_NONE)
+            return frame;
+        frame = tree->parent;
+    }
+}
+
+bool X11WindowHints::isViewable(std::uint32_t frame)
+{
+    xcb_connection_t* display = connection();
+    if (display == nullptr || frame == XCB_WINDOW_NONE)
+        return false;
+    // A frame that its window manager has done away with gives an error, which is an answer.
+    xcb_generic_error_t* error = nullptr;
+    const auto cookie = xcb_get_window_attributes(display, frame);
+    const Reply<xcb_get_window_attributes_reply_t> reply{
+        xcb_get_window_attributes_reply(display, cookie, &error)};
+    const Reply<xcb_generic_error_t> freed{error};
+    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
 } // namespace quillora::forms

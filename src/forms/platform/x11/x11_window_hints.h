@@ -11,6 +11,8 @@ class X11WindowHints : public WindowHints {
     void setStacking(QWindow& window, Stacking stacking) override;
     void setFunctions(QWindow& window, MinimizeBox minimizeBox, Move move) override;
     std::optional<QPoint> originOnScreen(QWindow& window) override;
+    std::uint32_t frameOf(QWindow& window) override;
+    bool isViewable(std::uint32_t frame) override;
 };
 
 } // namespace quillora::forms
