@@ -49,6 +49,9 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
 
     QApplication application(argc, argv);
+    // Every place that the pointer crosses is a point of a freehand stroke. The toolkit turns this on while
+    // the application object is made.
+    QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     forms::applyLook(application);
     QApplication::setApplicationName("Quillora");
     QApplication::setQuitOnLastWindowClosed(true);

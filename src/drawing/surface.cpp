@@ -155,10 +155,12 @@ void Surface::resize(int newWidth, int newHeight)
 
 void Surface::Refresh()
 {
-    shown(std::exchange(m_unshown, {}));
+    shown(takeUnshown());
     if (m_screen != nullptr)
         m_screen->refresh();
 }
+
+base::PixelRectangle Surface::takeUnshown() { return std::exchange(m_unshown, {}); }
 
 void Surface::ExtFloodFill(int x, int y, Colour colour)
 {

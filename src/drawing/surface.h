@@ -97,6 +97,9 @@ class Surface {
     void resize(int width, int height);
     /// Brings the screen up to date, before it returns.
     void Refresh();
+    /// What was drawn through the device context since the last Refresh, for a screen that is about to show
+    /// it for reasons of its own; the next Refresh then leaves it out. Empty where that is nothing.
+    base::PixelRectangle takeUnshown();
 
     // The operations of the device context, in pixels: the screen is told with the next Refresh.
 

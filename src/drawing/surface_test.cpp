@@ -430,6 +430,18 @@ TEST(SurfaceScreenNotes, OfAnOperationOfTheSurfaceLeaveEarlierDeviceWorkUnseen)
     EXPECT_EQ(screen.shown.back(), (base::PixelRectangle{15, 8, 1, 1}));
 }
 
+TEST(SurfaceScreenNotes, LeaveOutWhatTheScreenTookToShowForReasonsOfItsOwn)
+{
+    FakeSurfaceScreen screen;
+    Surface surface(20, 10, kPaper, &screen);
+    surface.SetPixel(15, 8, kInk);
+    surface.SetPixel(3, 2, kInk);
+    EXPECT_EQ(surface.takeUnshown(), (base::PixelRectangle{3, 2, 13, 7}));
+    EXPECT_TRUE(surface.takeUnshown().empty());
+    surface.Refresh();
+    EXPECT_TRUE(screen.shown.empty());
+}
+
 TEST(SurfaceScreenNotes, AreNotGivenWhereNothingChanges)
 {
     FakeSurfaceScreen screen;

@@ -1,6 +1,7 @@
 #include "forms/image_surface_widget.h"
 
 #include "base/skip_failures.h"
+#include "forms/input_values.h"
 #include "forms/picture_file.h"
 
 #include <QMouseEvent>
@@ -11,22 +12,6 @@
 #include <utility>
 
 namespace quillora::forms {
-
-namespace {
-
-int buttonValue(Qt::MouseButtons buttons)
-{
-    return (buttons.testFlag(Qt::LeftButton) ? 1 : 0) + (buttons.testFlag(Qt::RightButton) ? 2 : 0) +
-           (buttons.testFlag(Qt::MiddleButton) ? 4 : 0);
-}
-
-int shiftValue(Qt::KeyboardModifiers modifiers)
-{
-    return (modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) +
-           (modifiers.testFlag(Qt::ControlModifier) ? 2 : 0) + (modifiers.testFlag(Qt::AltModifier) ? 4 : 0);
-}
-
-} // namespace
 
 ImageSurfaceWidget::ImageSurfaceWidget(Display display, QWidget* parent) : QWidget(parent), m_display(display)
 {

@@ -61,6 +61,7 @@ int main(int argc, char** argv)
     }
 
     QApplication application(argc, argv);
+    QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QApplication::setQuitOnLastWindowClosed(false);
     forms::applyLook(application);
     return RUN_ALL_TESTS();

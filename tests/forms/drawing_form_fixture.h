@@ -1,0 +1,144 @@
+#pragma once
+
+#include "app/drawing_parts.h"
+#include "base/skip_failures.h"
+#include "forms/drawing_palette.h"
+#include "forms/paint_canvas_widget.h"
+#include "forms/text_tool_box.h"
+#include "tests/forms/form_fixture.h"
+#include "tests/forms/x11_hand.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFile>
+#include <QTest>
+
+#include <initializer_list>
+
+namespace quillora::tests {
+
+/// The drawing board in a window on the screen, with a hand on the real pointer.
+class DrawingFormTest : public testing::Test {
+  protected:
+    enum class Files {
+        installed,
+        /// Only what a test puts into the folder.
+        none,
+    };
+
+    explicit DrawingFormTest(Files files = Files::installed)
+        : parts({picPaint, Picture2, window}, files == Files::none ? folder.path() : QUILLORA_ASSETS)
+    {
+        window.setObjectName("window");
+        window.setStyleSheet(styleOfTheForm());
+        window.resize(950, 420);
+        Picture2.move(0, 0);
+        picPaint.setGeometry(200, 0, 747, 420);
+        picPaint.show();
+        base::skipFailures([&] { parts.DrawPrepare(); });
+        window.show();
+        shown = waitUntil([&] {
+            window.activateWindow();
+            return window.isActiveWindow() && probe.isMapped(std::uint32_t(window.winId()));
+        });
+        settle(100);
+    }
+    ~DrawingFormTest() override
+    {
+        // The pointer is the display's, and the next test's.
+        hand.release();
+        hand.done();
+    }
+
+    static QString styleOfTheForm()
+    {
+        QFile file(QStringLiteral(":/quillora/vantry_frm.qss"));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
+    template <typename T = QWidget>
+    T* find(const QString& name)
+    {
+        return window.findChild<T*>(name);
+    }
+
+    /// What the engine drew, as the screen should show it.
+    QImage drawn() const
+    {
+        const auto& image = parts.canvas().surface().Image();
+        QImage picture(image.width(), image.height(), QImage::Format_RGB32);
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) {
+                const auto colour = image.at(x, y);
+                picture.setPixel(
+                    x, y, qRgb(drawing::redOf(colour), drawing::greenOf(colour), drawing::blueOf(colour)));
+            }
+        return picture.copy(picPaint.rect());
+    }
+
+    QImage seen() { return probe.grab({onScreen({0, 0}), picPaint.size()}); }
+    QPoint onScreen(QPoint canvas) const { return picPaint.mapToGlobal(canvas); }
+    drawing::Colour pixel(int x, int y) const { return parts.canvas().surface().Image().at(x, y); }
+    bool isInk(int x, int y) const { return pixel(x, y) != drawing::DrawingCanvas::kBackColour; }
+
+    const drawing::DrawingFields& fields() const { return parts.canvas().fields; }
+    int snapshots() const { return parts.canvas().ring.bufferNewest; }
+    bool hasInk(const QRect& area) const
+    {
+        for (int y = area.top(); y <= area.bottom(); ++y)
+            for (int x = area.left(); x <= area.right(); ++x)
+                if (isInk(x, y))
+                    return true;
+        return false;
+    }
+
+    void choose(drawing::Tool tool)
+    {
+        find<QAbstractButton>(QStringLiteral("optTools_%1").arg(drawing::toolId(tool)))->click();
+    }
+
+    /// The left button's press at the first place, moves, and its release at the last, by the real pointer.
+    void drag(std::initializer_list<QPoint> places) { dragOn(picPaint, places); }
+    void dragOn(const QWidget& widget, std::initializer_list<QPoint> places)
+    {
+        press(widget.mapToGlobal(*places.begin()));
+        for (const QPoint place : places)
+            hand.move(widget.mapToGlobal(place));
+        hand.release();
+        hand.done();
+        settle(100);
+    }
+    /// A window manager holds the pointer back while it looks at a press; no hand is as fast as this one.
+    void press(QPoint screen)
+    {
+        hand.move(screen);
+        hand.press();
+        hand.done();
+        settle(50);
+    }
+    void click(QPoint place) { drag({place}); }
+    /// Long enough after the last press not to be the second of a double click.
+    void pause() { settle(QApplication::doubleClickInterval() + 50); }
+    /// A key of the real keyboard.
+    void key(const std::string& name)
+    {
+        EXPECT_EQ(runToEnd({"xdotool", "key", name}), 0) << name;
+        settle(100);
+    }
+    void type(const std::string& words)
+    {
+        EXPECT_EQ(runToEnd({"xdotool", "type", words}), 0) << words;
+        settle(100);
+    }
+
+    TemporaryFolder folder;
+    X11Probe probe;
+    X11Hand hand;
+    QWidget window;
+    forms::DrawingPalette Picture2{&window};
+    forms::PaintCanvasWidget picPaint{&window};
+    app::DrawingParts parts;
+    bool shown = false;
+};
+
+} // namespace quillora::tests
