@@ -71,7 +71,6 @@ int main(int count, char** arguments)
     tests::PrivateXServer server({1280, 800, 24});
     tests::XCanvas canvas(server.display());
     capture::X11ScreenSource source(server.display());
-    capture::ScreenImage image;
 
     struct Case {
         const char* name;
@@ -92,10 +91,10 @@ int main(int count, char** arguments)
                 kRegion.height, kRate);
     for (const Case& each : cases) {
         const Cost without = costOf(server.processId(), frames, each.draw);
-        source.grab(kRegion, {true, true, 35}, image);
+        source.grab(kRegion, {true, true, 35});
         const Cost with = costOf(server.processId(), frames, [&](int number) {
             each.draw(number);
-            source.grab(kRegion, {true, true, 35}, image);
+            source.grab(kRegion, {true, true, 35});
         });
         const double scale = 1000.0 / frames;
         std::printf("%-40s %14.1f %10.1f\n", each.name, (with.clientMs - without.clientMs) * scale,

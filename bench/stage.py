@@ -35,7 +35,7 @@ def cpu_seconds(process_id):
 class Stage:
     """The display and the sound server. Everything that was started ends with the block."""
 
-    def __init__(self, display=220, source="module-null-sink sink_name=stage"):
+    def __init__(self, display=os.environ.get("QUILLORA_BENCH_DISPLAY", 220), source="module-null-sink sink_name=stage"):
         self.source = source
         self.folder = tempfile.mkdtemp(prefix="quillora-bench-")
         self.display = f":{display}"
@@ -137,10 +137,10 @@ class Stage:
     def ours(self, out, seconds, rate=24, options=()):
         return [program("record_screen"), out, "0", "0", str(WIDTH), str(HEIGHT), str(seconds), str(rate), *options]
 
-    def peer(self, out, seconds, rate=24):
+    def peer(self, out, seconds, rate=24, bitrate=700):
         return ["ffmpeg", "-nostdin", "-loglevel", "error", "-y", "-f", "x11grab", "-framerate", str(rate),
                 "-draw_mouse", "1", "-video_size", f"{WIDTH}x{HEIGHT}", "-i", self.display + "+0,0",
-                "-f", "pulse", "-i", "default", "-c:v", "wmv2", "-b:v", "700k", "-c:a", "wmav2", "-b:a", "96k",
+                "-f", "pulse", "-i", "default", "-c:v", "wmv2", "-b:v", f"{bitrate}k", "-c:a", "wmav2", "-b:a", "96k",
                 # Without it a busy machine makes ffmpeg guess a higher rate and encode frames twice.
                 "-r", str(rate), "-t", str(seconds), out]
 
@@ -186,12 +186,12 @@ def luma_frames(path):
     decoder.wait()
 
 
-def luma_of_raw(path):
+def luma_of_raw(path, width=WIDTH, height=HEIGHT):
     """Luma of a raw picture as ffmpeg converts it."""
     data = subprocess.run(["ffmpeg", "-nostdin", "-loglevel", "error", "-f", "rawvideo", "-pix_fmt", "bgr0",
-                           "-video_size", f"{WIDTH}x{HEIGHT}", "-i", path, "-f", "rawvideo", "-pix_fmt", "yuv420p",
+                           "-video_size", f"{width}x{height}", "-i", path, "-f", "rawvideo", "-pix_fmt", "yuv420p",
                            "-"], check=True, capture_output=True).stdout
-    return numpy.frombuffer(data[:WIDTH * HEIGHT], "uint8").reshape(HEIGHT, WIDTH)
+    return numpy.frombuffer(data[:width * height], "uint8").reshape(height, width)
 
 
 def psnr(one, other):

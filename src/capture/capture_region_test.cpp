@@ -10,7 +10,7 @@ namespace {
 
 class Screen : public ScreenSource {
   public:
-    Grab grab(const PixelRectangle&, const PointerDrawing&, ScreenImage&) override { return {}; }
+    Grab grab(const PixelRectangle&, const PointerDrawing&) override { return {}; }
     PixelRectangle screen() override { return size; }
     PixelPoint pointer() override { return position; }
 

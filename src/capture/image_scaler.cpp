@@ -156,7 +156,7 @@ ImageScaler::ImageScaler(int fromWidth, int fromHeight, int toWidth, int toHeigh
     : m_columns(fromWidth, toWidth), m_rows(fromHeight, toHeight)
 {}
 
-PixelRectangle ImageScaler::scale(const ScreenImage& from, const PixelRectangle& changed, ScreenImage& to)
+PixelRectangle ImageScaler::scale(const ScreenImageView& from, const PixelRectangle& changed, ScreenImage& to)
 {
     const PixelRectangle part = intersection(changed, {0, 0, from.width, from.height});
     if (part.empty())
@@ -171,8 +171,7 @@ PixelRectangle ImageScaler::scale(const ScreenImage& from, const PixelRectangle&
     const std::ptrdiff_t stride = std::ptrdiff_t(from.width) * 4;
     m_line.resize(std::size_t(sourceRight - sourceLeft) * 4);
     for (int y = top; y < bottom; ++y) {
-        const std::uint8_t* line =
-            from.pixels.data() + m_rows.first[std::size_t(y)] * stride + sourceLeft * 4;
+        const std::uint8_t* line = from.pixels + m_rows.first[std::size_t(y)] * stride + sourceLeft * 4;
         if (m_rows.taps > 1) {
             sumLines(line, stride, m_rows.weightsOf(y), m_rows.taps, int(m_line.size()), m_line.data());
             line = m_line.data();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "capture/pixel_rectangle.h"
-#include "capture/screen_source.h"
+#include "capture/screen_image.h"
 
 #include <cstdint>
 #include <vector>
@@ -25,7 +25,7 @@ class ImageScaler {
 
     /// Brings @p to up to date with the part @p changed of @p from. Returns the part of @p to that depends on
     /// it.
-    PixelRectangle scale(const ScreenImage& from, const PixelRectangle& changed, ScreenImage& to);
+    PixelRectangle scale(const ScreenImageView& from, const PixelRectangle& changed, ScreenImage& to);
 
   private:
     /// Which source places make up each target place, and with which weights; in one direction.

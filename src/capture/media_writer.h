@@ -1,6 +1,6 @@
 #pragma once
 
-#include "capture/video_picture.h"
+#include "capture/picture_pool.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -30,7 +30,7 @@ class MediaWriter {
     /// The next frame. @p changedPixels is how many pixels of luma differ from the frame before, as far as is
     /// known: it tells cheap frames from dear ones before they are encoded, nothing depends on its being
     /// exact.
-    virtual void writePicture(const VideoPicture& picture, std::int64_t changedPixels) = 0;
+    virtual void writePicture(SharedPicture picture, std::int64_t changedPixels) = 0;
     /// The next @p frames frames are the same as the one before (black where there is none yet). Costs next
     /// to nothing.
     virtual void repeatPicture(std::int64_t frames) = 0;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "capture/pixel_rectangle.h"
-#include "capture/screen_source.h"
+#include "capture/screen_image.h"
 
 #include <cstdint>
 #include <vector>

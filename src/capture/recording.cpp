@@ -17,8 +17,8 @@ using namespace std::chrono_literals;
 constexpr std::size_t kMostPictures = 12;
 /// Sound that waits for the writer, 30 s.
 constexpr std::size_t kMostSoundSamples = 30 * std::size_t{kSoundRate};
-/// Sound that hasn't come by then is taken to be none. Until then pictures wait for it in memory, and would be lost
-/// if the process were killed.
+/// Sound that hasn't come by then is taken to be none. Until then pictures wait for it in memory, and would
+/// be lost if the process were killed.
 constexpr auto kSoundPatience = 1s;
 /// At the end, for the sound that was recorded but not delivered yet.
 constexpr auto kLastSoundPatience = 150ms;
@@ -51,14 +51,14 @@ class Recording::Grabber {
             if (!m_screen && !open())
                 return;
             const PixelRectangle region = regionOf(view, *m_screen, m_width, m_height);
-            const PixelRectangle changed = m_screen->grab(region, view.pointer, m_image).changed;
-            if (!changed.empty())
-                changedPixels = m_converter.update(m_image, changed);
+            const ScreenSource::Grab taken = m_screen->grab(region, view.pointer);
+            if (!taken.changed.empty())
+                changedPixels = m_converter.update(taken.image, taken.changed);
         });
         return changedPixels;
     }
 
-    const VideoPicture& picture() const { return m_converter.picture(); }
+    SharedPicture picture() { return m_converter.handOut(); }
 
   private:
     bool open()
@@ -76,7 +76,6 @@ class Recording::Grabber {
     int m_height;
     std::unique_ptr<ScreenSource> m_screen{};
     std::optional<CaptureClock::time_point> m_nextTry{};
-    ScreenImage m_image{};
     PictureConverter m_converter;
 };
 
@@ -275,15 +274,9 @@ bool Recording::waitForFrame(std::unique_lock<std::mutex>& lock)
     }
 }
 
-void Recording::queuePicture(const VideoPicture& picture, std::int64_t frame, std::int64_t changedPixels)
+void Recording::queuePicture(SharedPicture picture, std::int64_t frame, std::int64_t changedPixels)
 {
-    NumberedPicture next{frame, {}, changedPixels};
-    if (!m_spare.empty()) {
-        next.picture = std::move(m_spare.back());
-        m_spare.pop_back();
-    }
-    next.picture = picture;
-    m_pictures.push_back(std::move(next));
+    m_pictures.push_back({frame, std::move(picture), changedPixels});
     m_writerWakes.notify_one();
 }
 
@@ -336,7 +329,6 @@ void Recording::fill(Filer& filer)
         filer.flush();
         const bool last = delivery.last;
         const RecordedTime recorded = delivery.clock.recordedAt(CaptureClock::now());
-        recycle(std::move(delivery.pictures));
         if (!last)
             continue;
         if (!soundDeadline)
@@ -372,20 +364,11 @@ Recording::Delivery Recording::nextDelivery(CaptureClock::duration patience)
     return delivery;
 }
 
-void Recording::recycle(std::deque<NumberedPicture> pictures)
-{
-    const std::lock_guard lock(m_mutex);
-    for (NumberedPicture& used : pictures)
-        if (m_spare.size() < kMostPictures)
-            m_spare.push_back(std::move(used.picture));
-}
-
 void Recording::endFile()
 {
     const std::lock_guard lock(m_mutex);
     m_fileEnded = true;
     m_pictures.clear();
-    m_spare.clear();
     m_sound.clear();
 }
 

@@ -3,6 +3,7 @@
 #include "capture/capture_ports.h"
 #include "capture/capture_region.h"
 #include "capture/frame_pacer.h"
+#include "capture/picture_pool.h"
 #include "capture/segment_clock.h"
 #include "capture/sound_synchroniser.h"
 
@@ -59,7 +60,7 @@ class Recording : public SoundSink, public std::enable_shared_from_this<Recordin
   private:
     struct NumberedPicture {
         std::int64_t frame = 0;
-        VideoPicture picture{};
+        SharedPicture picture{};
         std::int64_t changedPixels = 0;
     };
     struct SoundChunk {
@@ -79,12 +80,11 @@ class Recording : public SoundSink, public std::enable_shared_from_this<Recordin
 
     void grab();
     bool waitForFrame(std::unique_lock<std::mutex>& lock);
-    void queuePicture(const VideoPicture& picture, std::int64_t frame, std::int64_t changedPixels);
+    void queuePicture(SharedPicture picture, std::int64_t frame, std::int64_t changedPixels);
     void write();
     bool openFile(Filer& filer);
     void fill(Filer& filer);
     Delivery nextDelivery(CaptureClock::duration patience);
-    void recycle(std::deque<NumberedPicture> pictures);
     void endFile();
 
     const CapturePorts m_ports;
@@ -100,7 +100,6 @@ class Recording : public SoundSink, public std::enable_shared_from_this<Recordin
     CaptureView m_view{};
     Counts m_counts{};
     std::deque<NumberedPicture> m_pictures{};
-    std::vector<VideoPicture> m_spare{};
     std::vector<SoundChunk> m_sound{};
     std::size_t m_soundSamples = 0;
     bool m_ending = false;

@@ -28,23 +28,23 @@ using quillora::tests::TemporaryFolder;
 namespace {
 
 /// Something like a slide: a light ground with dark bars and a shade, the @p variant shifting all of it.
-VideoPicture slide(int width, int height, int variant)
+SharedPicture slide(int width, int height, int variant)
 {
-    VideoPicture picture(width, height);
+    const auto picture = std::make_shared<VideoPicture>(width, height);
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x) {
             const bool bar = ((x + 7 * variant) / 3) % 5 == 0 && (y / 9) % 3 == variant % 3;
-            picture.luma[std::size_t(y) * std::size_t(width) + std::size_t(x)] =
+            picture->luma[std::size_t(y) * std::size_t(width) + std::size_t(x)] =
                 std::uint8_t(bar ? 40 : 150 + (x + y + 13 * variant) % 64);
         }
     return picture;
 }
 
-VideoPicture noise(int width, int height, unsigned seed)
+SharedPicture noise(int width, int height, unsigned seed)
 {
-    VideoPicture picture(width, height);
+    const auto picture = std::make_shared<VideoPicture>(width, height);
     std::mt19937 generator(seed);
-    for (auto& value : picture.luma)
+    for (auto& value : picture->luma)
         value = std::uint8_t(16 + generator() % 220);
     return picture;
 }
@@ -102,7 +102,7 @@ TEST_F(AsfWriterTest, TakesOddHeightsButNoOddWidth)
     const DecodedMedia media = decodeMedia(file());
     ASSERT_EQ(media.frames.size(), 11U);
     EXPECT_EQ(media.frames[10].height, 421);
-    EXPECT_GT(psnr(media.frames[10].luma, slide(746, 421, 0).luma), 44);
+    EXPECT_GT(psnr(media.frames[10].luma, slide(746, 421, 0)->luma), 44);
 
     EXPECT_THROW(AsfWriter(format(747, 420)), std::runtime_error);
     EXPECT_THROW(AsfWriter(format(0, 0)), std::runtime_error);
@@ -128,8 +128,8 @@ TEST_F(AsfWriterTest, ShowsASlideSharpAtOnceAndSharperSoonAfter)
     ASSERT_EQ(media.frames.size(), 144U);
     for (int i = 0; i < 3; ++i) {
         const auto first = std::size_t(i) * 48;
-        EXPECT_GT(psnr(media.frames[first + 7].luma, slide(746, 420, i).luma), 44);
-        EXPECT_GT(psnr(media.frames[first + 24].luma, slide(746, 420, i).luma), 46);
+        EXPECT_GT(psnr(media.frames[first + 7].luma, slide(746, 420, i)->luma), 44);
+        EXPECT_GT(psnr(media.frames[first + 24].luma, slide(746, 420, i)->luma), 46);
     }
 }
 
@@ -139,15 +139,15 @@ TEST_F(AsfWriterTest, ShowsASlideSharpAtOnceAndSharperSoonAfter)
 TEST_F(AsfWriterTest, StaysTrueToTheSourceAfterRepeatsOfAnyNumber)
 {
     const auto waves = [](double shift) {
-        VideoPicture picture(320, 240);
+        const auto picture = std::make_shared<VideoPicture>(320, 240);
         for (int y = 0; y < 240; ++y)
             for (int x = 0; x < 320; ++x)
-                picture.luma[std::size_t(y * 320 + x)] = std::uint8_t(
+                picture->luma[std::size_t(y * 320 + x)] = std::uint8_t(
                     126 + 50 * std::sin((x + shift) * 0.23) + 40 * std::sin((y + shift) * 0.31 + x * 0.05));
         return picture;
     };
     AsfWriter writer(format(320, 240));
-    std::vector<VideoPicture> shown;
+    std::vector<SharedPicture> shown;
     std::mt19937 generator(5);
     for (int change = 0; change < 60; ++change) {
         shown.push_back(waves(change * 0.5));
@@ -165,7 +165,7 @@ TEST_F(AsfWriterTest, StaysTrueToTheSourceAfterRepeatsOfAnyNumber)
     ASSERT_EQ(media.frames.size(), shown.size());
     EXPECT_EQ(media.errors, 0);
     for (std::size_t i = 0; i < shown.size(); ++i)
-        EXPECT_GT(psnr(media.frames[i].luma, shown[i].luma), 44) << "frame " << i;
+        EXPECT_GT(psnr(media.frames[i].luma, shown[i]->luma), 44) << "frame " << i;
 }
 
 TEST_F(AsfWriterTest, KeepsAStillPictureUnchangedForMinutes)
@@ -178,7 +178,7 @@ TEST_F(AsfWriterTest, KeepsAStillPictureUnchangedForMinutes)
     const DecodedMedia media = decodeMedia(file());
     ASSERT_EQ(media.frames.size(), 24U * 120U + 1U);
     for (std::size_t i = 24; i < media.frames.size(); i += 100)
-        EXPECT_GT(psnr(media.frames[i].luma, slide(320, 240, 1).luma), 46) << "frame " << i;
+        EXPECT_GT(psnr(media.frames[i].luma, slide(320, 240, 1)->luma), 46) << "frame " << i;
 }
 
 TEST_F(AsfWriterTest, KeepsToTheBitrateWhereEveryPixelChangesInEveryFrame)
@@ -205,7 +205,7 @@ TEST_F(AsfWriterTest, BeginsWithBlackWhereNoPictureHasComeYet)
     const DecodedMedia media = decodeMedia(file());
     ASSERT_EQ(media.frames.size(), 6U);
     EXPECT_GT(psnr(media.frames[2].luma, VideoPicture(160, 120).luma), 50);
-    EXPECT_GT(psnr(media.frames[5].luma, slide(160, 120, 0).luma), 40);
+    EXPECT_GT(psnr(media.frames[5].luma, slide(160, 120, 0)->luma), 40);
 }
 
 TEST_F(AsfWriterTest, PutsASoundAtTheMomentAtWhichItWasHeard)

@@ -46,8 +46,7 @@ class FakeScreenSource : public capture::ScreenSource {
             throw std::runtime_error("no display");
     }
 
-    Grab grab(const capture::PixelRectangle& region, const capture::PointerDrawing& pointer,
-              capture::ScreenImage& image) override
+    Grab grab(const capture::PixelRectangle& region, const capture::PointerDrawing& pointer) override
     {
         const auto now = capture::CaptureClock::now();
         if (m_screen.grabMilliseconds > 0)
@@ -63,12 +62,12 @@ class FakeScreenSource : public capture::ScreenSource {
         }
         const int grey = m_screen.grey;
         if (region == m_region && grey == m_grey)
-            return {};
+            return {{}, m_image};
         m_region = region;
         m_grey = grey;
-        image.resize(region.width, region.height);
-        std::ranges::fill(image.pixels, std::uint8_t(grey));
-        return {{0, 0, region.width, region.height}};
+        m_image.resize(region.width, region.height);
+        std::ranges::fill(m_image.pixels, std::uint8_t(grey));
+        return {{0, 0, region.width, region.height}, m_image};
     }
 
     capture::PixelRectangle screen() override { return {0, 0, 100, 80}; }
@@ -77,6 +76,7 @@ class FakeScreenSource : public capture::ScreenSource {
   private:
     FakeScreen& m_screen;
     capture::PixelRectangle m_region{};
+    capture::ScreenImage m_image{};
     int m_grey = -1;
 };
 
@@ -181,10 +181,7 @@ class MemoryMediaWriter : public capture::MediaWriter {
         m_media->sound.clear();
     }
 
-    void writePicture(const capture::VideoPicture& picture, std::int64_t) override
-    {
-        add(picture.luma[0], 1);
-    }
+    void writePicture(capture::SharedPicture picture, std::int64_t) override { add(picture->luma[0], 1); }
     void repeatPicture(std::int64_t frames) override { add(m_last, frames); }
     void writeSound(std::span<const float> samples) override
     {

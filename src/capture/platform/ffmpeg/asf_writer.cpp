@@ -5,6 +5,8 @@
 #include "capture/platform/ffmpeg/video_track.h"
 #include "capture/platform/ffmpeg/wma_encoder.h"
 
+#include <utility>
+
 namespace quillora::capture {
 
 struct AsfWriter::Parts {
@@ -27,9 +29,9 @@ AsfWriter::AsfWriter(const MediaFormat& format) : m_parts(std::make_unique<Parts
 
 AsfWriter::~AsfWriter() { close(); }
 
-void AsfWriter::writePicture(const VideoPicture& picture, std::int64_t changedPixels)
+void AsfWriter::writePicture(SharedPicture picture, std::int64_t changedPixels)
 {
-    m_parts->video.writePicture(picture, changedPixels);
+    m_parts->video.writePicture(std::move(picture), changedPixels);
 }
 
 void AsfWriter::repeatPicture(std::int64_t frames)

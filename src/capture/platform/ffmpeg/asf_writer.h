@@ -16,7 +16,7 @@ class AsfWriter : public MediaWriter {
     explicit AsfWriter(const MediaFormat& format);
     ~AsfWriter() override;
 
-    void writePicture(const VideoPicture& picture, std::int64_t changedPixels) override;
+    void writePicture(SharedPicture picture, std::int64_t changedPixels) override;
     void repeatPicture(std::int64_t frames) override;
     void writeSound(std::span<const float> samples) override;
     void flush() override;

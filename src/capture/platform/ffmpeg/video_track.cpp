@@ -1,6 +1,7 @@
 #include "capture/platform/ffmpeg/video_track.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quillora::capture {
 
@@ -21,19 +22,19 @@ VideoTrack::VideoTrack(const MediaFormat& format, TakeFrame takeFrame)
       m_rate(format.bitsPerSecond, format.framesPerSecond, m_pixels)
 {}
 
-void VideoTrack::writePicture(const VideoPicture& picture, std::int64_t changedPixels)
+void VideoTrack::writePicture(SharedPicture picture, std::int64_t changedPixels)
 {
     m_owedPixels = std::min(m_owedPixels + changedPixels, m_pixels);
     if (tryWriteChange(picture, m_owedPixels))
         return;
-    m_owed = picture;
+    m_owed = std::move(picture);
     repeat();
     m_rate.leftOut(repeatBits(), changedPixels);
 }
 
 void VideoTrack::repeatPicture()
 {
-    if (m_owed && tryWriteChange(*m_owed, m_owedPixels))
+    if (m_owed && tryWriteChange(m_owed, m_owedPixels))
         return;
     if (!m_lastKeyFrame) {
         encode(RateControl::kFinestForKeyFrame, WmvEncoder::Kind::key, Cause::change, m_pixels);
@@ -52,7 +53,7 @@ void VideoTrack::repeatPicture()
     m_rate.repeated(repeatBits());
 }
 
-bool VideoTrack::tryWriteChange(const VideoPicture& picture, std::int64_t changedPixels)
+bool VideoTrack::tryWriteChange(const SharedPicture& picture, std::int64_t changedPixels)
 {
     const bool key = keyFrameIsDue(changedPixels);
     const auto quantiser = key ? m_rate.forKeyFrame() : m_rate.forChange(changedPixels);

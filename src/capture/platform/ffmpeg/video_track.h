@@ -23,7 +23,7 @@ class VideoTrack {
 
     VideoTrack(const MediaFormat& format, TakeFrame takeFrame);
 
-    void writePicture(const VideoPicture& picture, std::int64_t changedPixels);
+    void writePicture(SharedPicture picture, std::int64_t changedPixels);
     void repeatPicture();
     /// Hands on the frame that is held back.
     void finish();
@@ -33,7 +33,7 @@ class VideoTrack {
   private:
     enum class Cause { change, still };
 
-    bool tryWriteChange(const VideoPicture& picture, std::int64_t changedPixels);
+    bool tryWriteChange(const SharedPicture& picture, std::int64_t changedPixels);
     bool keyFrameIsDue(std::int64_t changedPixels) const;
     void encode(int quantiser, WmvEncoder::Kind kind, Cause cause, std::int64_t changedPixels);
     void repeat();
@@ -50,7 +50,7 @@ class VideoTrack {
     int m_quantiser = WmvEncoder::kCoarsest;
     /// A picture newer than the one that the encoder shows, which was too dear to encode, and how much of it
     /// is new.
-    std::optional<VideoPicture> m_owed{};
+    SharedPicture m_owed{};
     std::int64_t m_owedPixels = 0;
 
     bool m_holdingRepeat = false;

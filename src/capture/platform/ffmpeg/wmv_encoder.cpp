@@ -2,17 +2,26 @@
 
 #include <algorithm>
 #include <climits>
-#include <cmath>
+#include <memory>
+#include <utility>
 
 namespace quillora::capture {
 
 namespace {
 
-void copyPlane(const std::vector<std::uint8_t>& from, int width, int height, std::uint8_t* to, int stride)
+/// The library's name for a plane that @p picture holds; it keeps the picture alive.
+AVBufferRef* lend(const SharedPicture& picture, const std::vector<std::uint8_t>& plane)
 {
-    for (int row = 0; row < height; ++row)
-        std::copy_n(from.data() + std::size_t(row) * std::size_t(width), width,
-                    to + std::ptrdiff_t(row) * stride);
+    auto owner = std::make_unique<SharedPicture>(picture);
+    // The library has one type for what is read and what is written; the flag says which it is.
+    AVBufferRef* buffer = av_buffer_create(
+        const_cast<std::uint8_t*>(plane.data()), plane.size(),
+        [](void* held, std::uint8_t*) { delete static_cast<SharedPicture*>(held); }, owner.get(),
+        AV_BUFFER_FLAG_READONLY);
+    if (!buffer)
+        throw std::bad_alloc();
+    owner.release();
+    return buffer;
 }
 
 } // namespace
@@ -22,15 +31,10 @@ WmvEncoder::WmvEncoder(const MediaFormat& format)
       m_frame(allocated<FrameHandle>(av_frame_alloc())),
       m_packet(allocated<PacketHandle>(av_packet_alloc()))
 {
-    m_frame->width = format.width;
-    m_frame->height = format.height;
-    m_frame->format = m_context->pix_fmt;
-    checked(av_frame_get_buffer(m_frame.get(), 0), "cannot allocate a video frame");
-
     // The repeating frame is what an encoder of the same kind gives for an unchanged picture at the coarsest
     // quantiser, where nothing is worth correcting.
     const CodecHandle sample = open(format);
-    show(VideoPicture(format.width, format.height));
+    show(std::make_shared<VideoPicture>(format.width, format.height));
     encodeWith(*sample, kCoarsest, Kind::key);
     const EncodedFrame frame = encodeWith(*sample, kCoarsest, Kind::any);
     m_repeat.assign(frame.bytes.begin(), frame.bytes.end());
@@ -49,23 +53,27 @@ CodecHandle WmvEncoder::open(const MediaFormat& format)
     context->qmin = kFinest;
     context->qmax = kCoarsest;
     context->max_b_frames = 0;
-    // What moves on a screen moves by whole pixels: looking for halves costs a fifth of the time and finds
-    // little.
-    context->me_subpel_quality = 1;
     // Key frames come when the caller wants one, and where the encoder finds a new scene.
     context->gop_size = INT_MAX / 2;
     checked(avcodec_open2(context.get(), context->codec, nullptr), "cannot open the video encoder");
     return context;
 }
 
-void WmvEncoder::show(const VideoPicture& picture)
+void WmvEncoder::show(const SharedPicture& picture)
 {
-    checked(av_frame_make_writable(m_frame.get()), "cannot write to the video frame");
-    copyPlane(picture.luma, picture.width, picture.height, m_frame->data[0], m_frame->linesize[0]);
-    copyPlane(picture.blueChroma, picture.chromaWidth(), picture.chromaHeight(), m_frame->data[1],
-              m_frame->linesize[1]);
-    copyPlane(picture.redChroma, picture.chromaWidth(), picture.chromaHeight(), m_frame->data[2],
-              m_frame->linesize[2]);
+    av_frame_unref(m_frame.get());
+    m_frame->width = picture->width;
+    m_frame->height = picture->height;
+    m_frame->format = m_context->pix_fmt;
+    const std::pair<const std::vector<std::uint8_t>*, int> planes[] = {
+        {&picture->luma, picture->width},
+        {&picture->blueChroma, picture->chromaWidth()},
+        {&picture->redChroma, picture->chromaWidth()}};
+    for (int i = 0; i < 3; ++i) {
+        m_frame->buf[i] = lend(picture, *planes[i].first);
+        m_frame->data[i] = m_frame->buf[i]->data;
+        m_frame->linesize[i] = planes[i].second;
+    }
 }
 
 EncodedFrame WmvEncoder::encodeWith(AVCodecContext& context, int quantiser, Kind kind)

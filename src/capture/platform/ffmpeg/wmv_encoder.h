@@ -32,8 +32,8 @@ class WmvEncoder {
     /// Throws std::runtime_error for a size that the format can't hold: an odd width, nothing, too much.
     explicit WmvEncoder(const MediaFormat& format);
 
-    /// The picture that is encoded from now on.
-    void show(const VideoPicture& picture);
+    /// The picture that is encoded from now on, of the format's size. It is held, not copied.
+    void show(const SharedPicture& picture);
     /// Encodes the shown picture, black where none was.
     EncodedFrame encode(int quantiser, Kind kind) { return encodeWith(*m_context, quantiser, kind); }
     /// The frame that repeats.

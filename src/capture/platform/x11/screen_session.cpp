@@ -19,6 +19,28 @@ PixelPoint origin(const PixelRectangle& rectangle) { return {rectangle.left, rec
 
 PixelRectangle sizeOf(const PixelRectangle& rectangle) { return {0, 0, rectangle.width, rectangle.height}; }
 
+std::uint8_t* rowAt(std::uint8_t* pixels, int width, const PixelRectangle& area, int row)
+{
+    return pixels + 4 * (static_cast<std::size_t>(area.top + row) * static_cast<std::size_t>(width) +
+                         static_cast<std::size_t>(area.left));
+}
+
+/// Copies what @p pixels, in rows of @p width, show in @p area.
+void takeFrom(std::uint8_t* pixels, int width, const PixelRectangle& area, ScreenImage& part)
+{
+    part.resize(area.width, area.height);
+    for (int row = 0; row < area.height; ++row)
+        std::memcpy(rowAt(part.pixels.data(), area.width, sizeOf(area), row), rowAt(pixels, width, area, row),
+                    4 * static_cast<std::size_t>(area.width));
+}
+
+void putInto(std::uint8_t* pixels, int width, const PixelRectangle& area, ScreenImage& part)
+{
+    for (int row = 0; row < area.height; ++row)
+        std::memcpy(rowAt(pixels, width, area, row), rowAt(part.pixels.data(), area.width, sizeOf(area), row),
+                    4 * static_cast<std::size_t>(area.width));
+}
+
 /// Without this a region without area would have many shapes, and none of them an image.
 PixelRectangle usable(const PixelRectangle& region)
 {
@@ -38,12 +60,12 @@ ScreenSession::ScreenSession(const std::optional<std::string>& displayName, Cloc
         xcb_randr_select_input(m_connection.get(), m_connection.root(), XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE);
 }
 
-ScreenSource::Grab ScreenSession::grab(const PixelRectangle& asked, const PointerDrawing& drawing,
-                                       ScreenImage& image)
+ScreenSource::Grab ScreenSession::grab(const PixelRectangle& asked, const PointerDrawing& drawing)
 {
     const PixelRectangle region = usable(asked);
-    bool whole =
-        !m_imageValid || region != m_region || image.width != region.width || image.height != region.height;
+    bool whole = !m_imageValid || region != m_region;
+    if (!whole)
+        uncover();
     m_imageValid = false;
     m_region = region;
     PointerView pointer = lookAtPointer(drawing);
@@ -51,26 +73,23 @@ ScreenSource::Grab ScreenSession::grab(const PixelRectangle& asked, const Pointe
     pointer.area = pointerArea(pointer);
 
     // From here on nothing asks the server, so nothing fails half-way through the image.
-    if (whole) {
-        image.resize(region.width, region.height);
-        std::fill(image.pixels.begin(), image.pixels.end(), std::uint8_t{0});
-        m_shownPointer = {};
+    if (!handsOutPicture()) {
+        if (whole) {
+            m_composed.resize(region.width, region.height);
+            std::fill(m_composed.pixels.begin(), m_composed.pixels.end(), std::uint8_t{0});
+        }
+        composeImage(changed);
     }
-    const PixelRectangle uncovered = m_shownPointer.area;
-    const bool pointerChanged = whole || pointer.newCursor || pointer.drawing != m_shownPointer.drawing ||
-                                pointer.position != m_shownPointer.position ||
-                                pointer.area != m_shownPointer.area;
-    showPicture(changed, image);
-    if (pointerChanged || !intersection(changed, uncovered).empty()) {
-        showPicture(uncovered, image);
-        showPicture(pointer.area, image);
-        paintPointer(pointer, image);
-    }
-    m_shownPointer = pointer;
+    const PointerView before = std::exchange(m_shownPointer, pointer);
+    paintPointer(pointer);
     m_imageValid = true;
+
+    const ScreenImageView image{region.width, region.height, imagePixels()};
     if (whole)
-        return {sizeOf(region)};
-    return {pointerChanged ? boundingBox(changed, boundingBox(uncovered, pointer.area)) : changed};
+        return {sizeOf(region), image};
+    const bool pointerChanged = pointer.newCursor || pointer.drawing != before.drawing ||
+                                pointer.position != before.position || pointer.area != before.area;
+    return {pointerChanged ? boundingBox(changed, boundingBox(before.area, pointer.area)) : changed, image};
 }
 
 PixelRectangle ScreenSession::screen()
@@ -140,7 +159,8 @@ PixelRectangle ScreenSession::updatePicture(bool& whole)
         const PixelRectangle part = full ? m_visible : damaged;
         if (part.empty())
             return {};
-        if (m_reader.read(part, *m_fresh) == ScreenReader::Outcome::offScreen) {
+        const bool compared = whole || !changesAllTheTime() || damaged != m_visible;
+        if (m_reader.read(part, compared ? *m_fresh : *m_picture) == ScreenReader::Outcome::offScreen) {
             m_screenSizeKnown = false;
             whole = true;
             continue;
@@ -148,16 +168,25 @@ PixelRectangle ScreenSession::updatePicture(bool& whole)
         if (full)
             m_lastFullRead = Clock::now();
         if (whole) {
+            m_wholeChanges = 0;
             std::swap(m_picture, m_fresh);
             return visibleInImage();
         }
-        const PixelRectangle changed = compareAndKeep(part);
+        const PixelRectangle changed = compared ? compareAndKeep(part) : part;
+        m_wholeChanges = changed == m_visible ? m_wholeChanges + 1 : 0;
         handleEvents();
         if (!changed.empty() && damaged.empty() && intersection(m_damage.pending(), m_visible).empty())
             m_damage.countMiss();
         return relativeTo(origin(m_region), changed);
     }
     throw std::runtime_error("the screen keeps changing its size");
+}
+
+/// Whether so much has changed, so often in a row, that it needn't be looked for: then one picture is enough,
+/// and the server writes where it has written before. Every so often it is looked for all the same.
+bool ScreenSession::changesAllTheTime() const
+{
+    return m_wholeChanges >= kMotionFrames && m_wholeChanges % kMotionFrames != 0;
 }
 
 /// Makes room for the picture of another part of the screen; false when it is the same part.
@@ -219,32 +248,58 @@ PixelRectangle ScreenSession::pointerArea(const PointerView& pointer)
     return intersection(area, visibleInImage());
 }
 
-void ScreenSession::showPicture(const PixelRectangle& area, ScreenImage& image) const
+/// Whether the image is the picture itself.
+bool ScreenSession::handsOutPicture() const
+{
+    const PixelLayout& layout = m_connection.layout();
+    return m_visible == m_region && layout.kind == PixelLayout::Kind::bgrx &&
+           layout.rowBytes(m_region.width) == 4 * static_cast<std::size_t>(m_region.width);
+}
+
+std::uint8_t* ScreenSession::imagePixels()
+{
+    return handsOutPicture() && m_picture ? m_picture->data() : m_composed.pixels.data();
+}
+
+void ScreenSession::composeImage(const PixelRectangle& area)
 {
     if (area.empty())
         return;
     const PixelLayout& layout = m_connection.layout();
     const PixelRectangle visible = visibleInImage();
-    const PixelRectangle from = relativeTo(origin(visible), area);
+    const PixelRectangle part = intersection(area, visible);
+    const PixelRectangle from = relativeTo(origin(visible), part);
     const std::size_t stride = layout.rowBytes(m_visible.width);
-    for (int row = 0; row < area.height; ++row) {
+    for (int row = 0; row < part.height; ++row) {
         const std::size_t target =
-            static_cast<std::size_t>(area.top + row) * static_cast<std::size_t>(image.width) +
-            static_cast<std::size_t>(area.left);
+            static_cast<std::size_t>(part.top + row) * static_cast<std::size_t>(m_composed.width) +
+            static_cast<std::size_t>(part.left);
         layout.convert(m_picture->data() + static_cast<std::size_t>(from.top + row) * stride +
                            static_cast<std::size_t>(from.left * layout.bytesPerPixel()),
-                       image.pixels.data() + 4 * target, area.width);
+                       m_composed.pixels.data() + 4 * target, part.width);
     }
 }
 
-void ScreenSession::paintPointer(const PointerView& pointer, ScreenImage& image)
+/// Takes the pointer away.
+void ScreenSession::uncover()
 {
-    if (pointer.area.empty())
+    if (!m_shownPointer.area.empty())
+        putInto(imagePixels(), m_region.width, m_shownPointer.area, m_covered);
+}
+
+void ScreenSession::paintPointer(const PointerView& pointer)
+{
+    const PixelRectangle& area = pointer.area;
+    if (area.empty())
         return;
+    takeFrom(imagePixels(), m_region.width, area, m_covered);
+    ScreenImage painted = m_covered;
+    const PixelPoint position{pointer.position->x - area.left, pointer.position->y - area.top};
     if (pointer.drawing.highlight)
-        paintHighlight(image, pointer.area, *pointer.position, pointer.drawing.highlightSize);
+        paintHighlight(painted, sizeOf(area), position, pointer.drawing.highlightSize);
     if (pointer.drawing.cursor)
-        paintCursor(image, pointer.area, m_pointer.image(), *pointer.position);
+        paintCursor(painted, sizeOf(area), m_pointer.image(), position);
+    putInto(imagePixels(), m_region.width, area, painted);
 }
 
 } // namespace quillora::capture

@@ -12,9 +12,10 @@
 
 namespace quillora::capture {
 
-/// What is known of the screen as long as one connection to its server lasts. It keeps the picture of the
-/// region without pointer apart from the one that is handed out, so that a pointer which moves uncovers what
-/// was under it without another look at the screen.
+/// What is known of the screen as long as one connection to its server lasts. It hands out the very memory
+/// that the server wrote into, where the layout allows it: copying a picture costs more than reading it. The
+/// pointer is painted there, and what is under it kept, so that a pointer which moves uncovers that without
+/// another look at the screen.
 ///
 /// All operations throw std::runtime_error; when broken() is true after that, the session is of no more use.
 class ScreenSession {
@@ -30,7 +31,7 @@ class ScreenSession {
     ScreenSession& operator=(const ScreenSession&) = delete;
 
     /// As in ScreenSource.
-    ScreenSource::Grab grab(const PixelRectangle& region, const PointerDrawing& drawing, ScreenImage& image);
+    ScreenSource::Grab grab(const PixelRectangle& region, const PointerDrawing& drawing);
     PixelRectangle screen();
     PixelPoint pointer();
 
@@ -48,18 +49,25 @@ class ScreenSession {
         bool newCursor = false;
     };
 
+    /// After so many changes of everything in a row the next one is expected.
+    static constexpr int kMotionFrames = 12;
+
     void handleEvents();
     void updateScreenSize();
     PointerView lookAtPointer(const PointerDrawing& drawing);
 
     PixelRectangle updatePicture(bool& whole);
+    bool changesAllTheTime() const;
     bool useScreenPart(const PixelRectangle& visible);
     PixelRectangle compareAndKeep(const PixelRectangle& part);
 
     PixelRectangle visibleInImage() const;
     PixelRectangle pointerArea(const PointerView& pointer);
-    void showPicture(const PixelRectangle& area, ScreenImage& image) const;
-    void paintPointer(const PointerView& pointer, ScreenImage& image);
+    bool handsOutPicture() const;
+    std::uint8_t* imagePixels();
+    void composeImage(const PixelRectangle& area);
+    void uncover();
+    void paintPointer(const PointerView& pointer);
 
     X11Connection m_connection;
     DamageTracker m_damage{m_connection};
@@ -69,17 +77,22 @@ class ScreenSession {
     PixelRectangle m_screen{};
     bool m_screenSizeKnown = false;
 
-    /// What the image shows: nothing before the first grab and after a failed one.
+    /// What was handed out: nothing before the first grab and after a failed one.
     bool m_imageValid = false;
     PixelRectangle m_region{};
     PointerView m_shownPointer{};
+    /// What the pointer covers of the image.
+    ScreenImage m_covered{};
+    /// The image where the picture can't be handed out: in another layout, or reaching beyond the screen.
+    ScreenImage m_composed{};
 
-    /// The part of the region that lies on the screen, and its picture without pointer.
+    /// The part of the region that lies on the screen, and its picture.
     PixelRectangle m_visible{};
     std::unique_ptr<PictureBuffer> m_picture{};
     /// What is read from the screen, before it is compared with the picture.
     std::unique_ptr<PictureBuffer> m_fresh{};
     Clock::time_point m_lastFullRead{};
+    int m_wholeChanges = 0;
 };
 
 } // namespace quillora::capture

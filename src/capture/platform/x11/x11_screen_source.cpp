@@ -33,10 +33,9 @@ auto X11ScreenSource::withSession(const Operation& operation)
     }
 }
 
-ScreenSource::Grab X11ScreenSource::grab(const PixelRectangle& region, const PointerDrawing& pointer,
-                                         ScreenImage& image)
+ScreenSource::Grab X11ScreenSource::grab(const PixelRectangle& region, const PointerDrawing& pointer)
 {
-    return withSession([&](ScreenSession& session) { return session.grab(region, pointer, image); });
+    return withSession([&](ScreenSession& session) { return session.grab(region, pointer); });
 }
 
 PixelRectangle X11ScreenSource::screen()

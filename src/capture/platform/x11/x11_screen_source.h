@@ -19,7 +19,7 @@ class X11ScreenSource final : public ScreenSource {
     explicit X11ScreenSource(std::optional<std::string> displayName = std::nullopt);
     ~X11ScreenSource() override;
 
-    Grab grab(const PixelRectangle& region, const PointerDrawing& pointer, ScreenImage& image) override;
+    Grab grab(const PixelRectangle& region, const PointerDrawing& pointer) override;
     PixelRectangle screen() override;
     PixelPoint pointer() override;
 
