@@ -9,13 +9,16 @@
 // and exits with 1 when a change was not seen within two seconds.
 
 #include "deck/slide_viewer.h"
+#include "deck/task_pane.h"
 #include "forms/look.h"
 #include "forms/picture_file.h"
 #include "forms/platform/x11/x11_window_hints.h"
+#include "forms/task_pane_widget.h"
 #include "forms/vantry_frm.h"
 #include "session/session_fields.h"
 #include "session/slide_time_index.h"
 #include "session/workspace.h"
+#include "stage/slide_place.h"
 #include "tests/support/child_process.h"
 #include "tests/support/private_x_server.h"
 #include "tests/support/temporary_folder.h"
@@ -215,8 +218,10 @@ int run(QApplication& application, const char* series, int changes)
     forms::X11WindowHints hints;
     forms::Vantry_frm form(hints);
     session::SlideTimeIndex index(fields, workspace);
-    deck::SlideViewer viewer({fields, form, workspace, index, form.slide_img(), form.slide_img_N(),
-                              form.slide_img_back(), QUILLORA_ASSETS});
+    deck::TaskPane(form.ebDemo()).AddExpBarLess();
+    const stage::SlidePlace slidePlace(form.surfaces().slide_img_back);
+    deck::SlideViewer viewer(
+        {fields, form, workspace, index, form.slide_img(), form.slide_img_N(), slidePlace, QUILLORA_ASSETS});
     QObject::connect(&form, &forms::Vantry_frm::navigation_TB_ButtonClick,
                      [&](const std::string& key) { viewer.navigation_TB_ButtonClick(key); });
     fields.currentSlide = "1";

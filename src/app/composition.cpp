@@ -3,6 +3,7 @@
 #include "app/capture_options_parts.h"
 #include "app/recording_engine_factory.h"
 #include "app/slide_ink_parts.h"
+#include "app/stage_parts.h"
 #include "app/system_wall_clock.h"
 #include "app/thread_sleeper.h"
 
@@ -12,15 +13,18 @@
 #include "deck/platform/libreoffice/office_location.h"
 #include "deck/slide_pen.h"
 #include "deck/slide_viewer.h"
+#include "deck/task_pane.h"
 #include "forms/platform/x11/x11_window_hints.h"
 #include "forms/qt_common_dialog.h"
 #include "forms/qt_message_boxes.h"
 #include "forms/qt_timer.h"
+#include "forms/task_pane_widget.h"
 #include "forms/vantry_frm.h"
 #include "session/command_surface.h"
 #include "session/countdown.h"
 #include "session/main_form.h"
 #include "session/open_command.h"
+#include "session/operations.h"
 #include "session/packaging.h"
 #include "session/platform/posix/replacing_file_copier.h"
 #include "session/platform/pulse/pulse_beeper.h"
@@ -29,8 +33,8 @@
 #include "session/recording_session.h"
 #include "session/slide_time_index.h"
 #include "session/workspace.h"
-#include "stage/deck_shortcut.h"
-#include "stage/media_selection.h"
+#include "stage/camera_connection.h"
+#include "stage/slide_place.h"
 
 #include <QObject>
 
@@ -45,6 +49,12 @@ class DesignedMicrophoneSetting : public session::MicrophoneSetting {
   public:
     std::string lblVolPer() override { return "100%"; }
     void showModal() override {}
+};
+
+/// The camera before there is one.
+class NoCamera : public stage::CameraConnection {
+  public:
+    bool connected() const override { return false; }
 };
 
 } // namespace
@@ -64,6 +74,7 @@ struct Composition::Platform {
     session::PulseBeeper beeper;
     deck::libreoffice::LibreOfficeConverter converter;
     DesignedMicrophoneSetting mic_frm;
+    NoCamera camera;
     forms::X11WindowHints windowHints;
     forms::Vantry_frm window{windowHints};
     forms::QtMessageBoxes boxes{window};
@@ -75,13 +86,15 @@ struct Composition::Logic {
     Logic(Platform& platform, const InstalledFiles& files, const session::UserFolders& folders)
         : workspace(fields, folders),
           names(platform.clock),
+          ebDemo(platform.window.ebDemo()),
+          slidePlace(platform.window.surfaces().slide_img_back),
           viewer({.fields = fields,
                   .window = platform.window,
                   .workspace = workspace,
                   .index = index,
                   .slide_img = platform.window.slide_img(),
                   .slide_img_N = platform.window.slide_img_N(),
-                  .slide_img_back = platform.window.slide_img_back(),
+                  .slide_img_back = slidePlace,
                   .assets = files.assets}),
           pen(platform.window.slide_img()),
           slideInk({.window = platform.window, .pen = pen, .viewer = viewer, .assets = files.assets}),
@@ -137,24 +150,38 @@ struct Composition::Logic {
                   .slides = viewer,
                   .slide_img = platform.window.slide_img(),
                   .assets = files.assets}),
-          media({.fields = fields,
-                 .window = platform.window,
+          stage({.window = platform.window,
+                 .fields = fields,
                  .slides = viewer,
-                 .slide_img_back = platform.window.slide_img_back()}),
-          deckShortcut({.slide_img_back = platform.window.slide_img_back(), .deck = import}),
-          open({.fields = fields, .window = platform.window, .deck = import, .media = media}),
-          commands(open, session),
+                 .bars = ebDemo,
+                 .deck = import,
+                 .camera = platform.camera,
+                 .operations = operations}),
+          open({.fields = fields,
+                .window = platform.window,
+                .deck = import,
+                .media = stage.media(),
+                .mode = stage.layout(),
+                .bars = ebDemo}),
+          commands({.fields = fields,
+                    .window = platform.window,
+                    .boxes = platform.boxes,
+                    .pane = ebDemo,
+                    .operations = operations}),
           mainForm({.fields = fields,
                     .window = platform.window,
                     .slides = viewer,
                     .workspace = workspace,
-                    .session = session})
+                    .session = session,
+                    .pane = ebDemo})
     {}
 
     session::SessionFields fields;
     session::Workspace workspace;
     session::SlideTimeIndex index{fields, workspace};
     capture::RandomNames names;
+    deck::TaskPane ebDemo;
+    stage::SlidePlace slidePlace;
     deck::SlideViewer viewer;
     deck::SlidePen pen;
     SlideInkParts slideInk;
@@ -168,8 +195,8 @@ struct Composition::Logic {
     session::Countdown countdown;
     session::RecordingSession session;
     deck::DeckImport import;
-    stage::MediaSelection media;
-    stage::DeckShortcut deckShortcut;
+    session::OperationTable operations;
+    StageParts stage;
     session::OpenCommand open;
     session::CommandSurface commands;
     session::MainForm mainForm;
@@ -179,10 +206,30 @@ Composition::Composition(const InstalledFiles& files, const session::UserFolders
     : m_platform(std::make_unique<Platform>(files)),
       m_logic(std::make_unique<Logic>(*m_platform, files, folders))
 {
+    provideOperations();
     connectForm();
 }
 
 Composition::~Composition() = default;
+
+void Composition::provideOperations()
+{
+    using session::Operation;
+    auto& logic = *m_logic;
+    auto& table = logic.operations;
+    table.provide(Operation::toolbar_open, [&] { logic.open.toolbar_open(); });
+    table.provide(Operation::toolbar_options, [&] { logic.captureOptions.logic().toolbar_options(); });
+    table.provide(Operation::showOptionsFromTaskPane,
+                  [&] { logic.captureOptions.logic().showFromTaskPane(); });
+    table.provide(Operation::toolbar_record, [&] { logic.session.toolbar_record(); });
+    table.provide(Operation::toolbar_pause, [&] { logic.session.toolbar_pause(); });
+    table.provide(Operation::toolbar_resume, [&] { logic.session.toolbar_resume(); });
+    table.provide(Operation::toolbar_stop, [&] { logic.session.toolbar_stop(); });
+    table.provide(Operation::StartRec, [&] { logic.recorder.StartRec(); });
+    table.provide(Operation::PauseRec, [&] { logic.recorder.PauseRec(); });
+    table.provide(Operation::ResumeRec, [&] { logic.recorder.ResumeRec(); });
+    table.provide(Operation::StopRec, [&] { logic.recorder.StopRec(); });
+}
 
 void Composition::connectForm()
 {
@@ -196,7 +243,6 @@ void Composition::connectForm()
             [&](const std::string& key) { logic.commands.main_TB_ButtonClick(key); });
     connect(&Vantry_frm::navigation_TB_ButtonClick,
             [&](const std::string& key) { logic.viewer.navigation_TB_ButtonClick(key); });
-    connect(&Vantry_frm::Image1_Click, [&] { logic.deckShortcut.Image1_Click(); });
     connect(&Vantry_frm::slide_img_MouseDown, [&](int button, int shift, float x, float y) {
         logic.pen.slide_img_MouseDown(button, shift, x, y);
     });
@@ -207,6 +253,8 @@ void Composition::connectForm()
         logic.pen.slide_img_MouseUp(button, shift, x, y);
     });
     connect(&Vantry_frm::Form_Unload, [&] { logic.mainForm.Form_Unload(); });
+    QObject::connect(&window.ebDemo(), &forms::TaskPaneWidget::ItemClick, &window,
+                     [&](const std::string& key) { logic.commands.ebDemo_ItemClick(key); });
 }
 
 void Composition::start()

@@ -25,6 +25,7 @@ class Composition {
     struct Platform;
     struct Logic;
 
+    void provideOperations();
     void connectForm();
 
     std::unique_ptr<Platform> m_platform;

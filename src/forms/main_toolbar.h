@@ -19,6 +19,8 @@ class MainToolbar : public QWidget {
     /// A key that the toolbar has not is ignored.
     void setButtonVisible(std::string_view key, bool visible);
 
+    QWidget* lastButton() { return m_places.value("less"); }
+
   signals:
     void ButtonClick(const std::string& key);
 

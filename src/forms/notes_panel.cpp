@@ -15,7 +15,7 @@ namespace quillora::forms {
 namespace {
 
 /// The ratio of 16:9 in which the preview is kept, in the width that the panel has.
-constexpr QSize kPreviewSize{231, 130};
+constexpr QSize kPreviewSize{222, 125};
 
 QLabel* makeLabel(const QString& text, const char* kind, QWidget* parent)
 {

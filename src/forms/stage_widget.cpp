@@ -2,30 +2,57 @@
 
 #include "forms/image_surface_widget.h"
 #include "forms/look.h"
-#include "forms/slide_panel_widget.h"
+#include "forms/start_button_area.h"
+#include "forms/widget_surface.h"
+#include "stage/stage_surfaces.h"
 
-#include <QAbstractButton>
 #include <QPushButton>
 
 namespace quillora::forms {
 
 namespace {
 
-/// The picture that stands on the stage before the first deck; it has a button drawn in it.
-constexpr const char* kStartPicture = "PPT.png";
-/// Where that button is, in pixels of the stage; see tools/draw_assets.py.
-constexpr QRect kDrawnButton{266, 286, 215, 52};
+using AtFirst = WidgetSurface::AtFirst;
 
-/// `Image1`: a place to click that shows nothing of its own, so that the stage's pixels stay the picture's.
-class ClickArea : public QAbstractButton {
-  public:
-    using QAbstractButton::QAbstractButton;
+constexpr base::TwipRectangle kWholeStage{{0}, {0}, base::kStageWidth, base::kStageHeight};
+constexpr base::TwipRectangle kCameraOffPlace{{4680}, {2400}, {1755}, {1350}};
+constexpr base::TwipRectangle kCameraOffSmallPlace{{9425}, {790}, {750}, {570}};
 
-  protected:
-    void paintEvent(QPaintEvent*) override {}
-};
+QWidget* named(QWidget* widget, const char* name, const QString& spokenName)
+{
+    widget->setObjectName(name);
+    widget->setAccessibleName(spokenName);
+    return widget;
+}
 
 } // namespace
+
+/// The surfaces as the layouts know them.
+struct StageWidget::Places {
+    explicit Places(StageWidget& stage)
+        : WebBrowser2(*stage.m_WebBrowser2, kWholeStage, AtFirst::hidden),
+          WebBrowser1(*stage.m_WebBrowser1, kWholeStage, AtFirst::hidden),
+          picPaint(*stage.m_picPaint, kWholeStage, AtFirst::hidden),
+          textBoard_txt(*stage.m_textBoard, kWholeStage, AtFirst::hidden),
+          slide_img_back(*stage.m_slideBack, kWholeStage, AtFirst::shown),
+          slide_img(*stage.m_slide, kWholeStage, AtFirst::shown),
+          VideoCap1_back(*stage.m_camera, kWholeStage, AtFirst::hidden),
+          cam_icon_trans(*stage.m_cameraOff, kCameraOffPlace, AtFirst::hidden),
+          cam_icon_trans_s(*stage.m_cameraOffSmall, kCameraOffSmallPlace, AtFirst::hidden)
+    {}
+
+    WidgetSurface WebBrowser2;
+    WidgetSurface WebBrowser1;
+    WidgetSurface picPaint;
+    WidgetSurface textBoard_txt;
+    WidgetSurface slide_img_back;
+    WidgetSurface slide_img;
+    WidgetSurface VideoCap1_back;
+    WidgetSurface cam_icon_trans;
+    WidgetSurface cam_icon_trans_s;
+    stage::StageSurfaces all{WebBrowser2, WebBrowser1,    picPaint,       textBoard_txt,   slide_img_back,
+                             slide_img,   VideoCap1_back, cam_icon_trans, cam_icon_trans_s};
+};
 
 StageWidget::StageWidget(QWidget* parent) : QWidget(parent)
 {
@@ -35,33 +62,55 @@ StageWidget::StageWidget(QWidget* parent) : QWidget(parent)
     setFocusPolicy(Qt::StrongFocus);
     setAutoFillBackground(true);
 
+    makeBackdrop();
+    makeMedia();
+    makeCamera();
+    m_places = std::make_unique<Places>(*this);
+}
+
+StageWidget::~StageWidget() = default;
+
+stage::StageSurfaces& StageWidget::surfaces() { return m_places->all; }
+
+void StageWidget::makeBackdrop()
+{
+    named(new QWidget(this), "back_img", tr("Backdrop"))->setGeometry(rect());
+
     m_changeBack = new QPushButton(tr("Change Background"), this);
-    m_changeBack->setObjectName("changeback_btn");
-    m_changeBack->setAccessibleName(tr("Change Background"));
+    named(m_changeBack, "changeback_btn", tr("Change Background"));
     m_changeBack->setGeometry(pixels({8640}), pixels({5640}), pixels({2175}), pixels({495}));
     // It lies under the media in most modes; Tab must not lead to what can't be seen.
     m_changeBack->setFocusPolicy(Qt::NoFocus);
     m_changeBack->hide();
+}
 
-    m_slideBack = new SlidePanelWidget(this);
+void StageWidget::makeMedia()
+{
+    m_WebBrowser2 = named(new QWidget(this), "WebBrowser2", tr("Online video"));
+    m_WebBrowser1 = named(new QWidget(this), "WebBrowser1", tr("Web page"));
+    m_picPaint = named(new QWidget(this), "picPaint", tr("Drawing board"));
+    m_textBoard = named(new QWidget(this), "textBoard_txt", tr("Text board"));
+    for (QWidget* board : {m_WebBrowser2, m_WebBrowser1, m_picPaint, m_textBoard})
+        board->setAutoFillBackground(true);
 
+    m_slideBack = named(new QWidget(this), "slide_img_back", tr("Slide panel"));
     m_slide = new ImageSurfaceWidget(ImageSurfaceWidget::Display::actualSize, m_slideBack);
-    m_slide->setObjectName("slide_img");
-    m_slide->setAccessibleName(tr("Slide"));
-    m_slide->setGeometry(m_slideBack->rect());
-
-    auto* image1 = new ClickArea(this);
-    image1->setObjectName("Image1");
-    image1->setAccessibleName(tr("Open a slide deck"));
-    image1->setGeometry(kDrawnButton);
-    image1->setCursor(Qt::PointingHandCursor);
-    image1->setFocusPolicy(Qt::NoFocus);
-    image1->hide();
+    named(m_slide, "slide_img", tr("Slide"));
+    auto* image1 = new StartButtonArea(*m_slide);
     connect(image1, &QAbstractButton::clicked, this, &StageWidget::Image1_Click);
-    connect(m_slide, &ImageSurfaceWidget::pictureLoaded, image1,
-            [image1](const std::filesystem::path& picture) {
-                image1->setVisible(picture.filename() == kStartPicture);
-            });
+}
+
+void StageWidget::makeCamera()
+{
+    m_camera = named(new QWidget(this), "VideoCap1_back", tr("Camera"));
+    QPalette black = m_camera->palette();
+    black.setColor(QPalette::Window, Qt::black);
+    m_camera->setPalette(black);
+    m_camera->setAutoFillBackground(true);
+    m_cameraOff = named(new QWidget(this), "cam_icon_trans", tr("The camera is off"));
+    m_cameraOffSmall = named(new QWidget(this), "cam_icon_trans_s", tr("The camera is off"));
+    for (QWidget* picture : {m_cameraOff, m_cameraOffSmall})
+        picture->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 void StageWidget::setChangeBackVisible(bool visible) { m_changeBack->setVisible(visible); }

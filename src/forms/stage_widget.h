@@ -2,23 +2,30 @@
 
 #include <QWidget>
 
+#include <memory>
+
 class QPushButton;
+
+namespace quillora::stage {
+struct StageSurfaces;
+} // namespace quillora::stage
 
 namespace quillora::forms {
 
 class ImageSurfaceWidget;
-class SlidePanelWidget;
 
 /// The stage `Picture1` with its stacked surfaces: what lies inside it is recorded, pixel for pixel, so
-/// nothing here draws a border, a focus mark or anything else that is not the lecture's. Later media are
-/// further surfaces between changeback_btn, the lowest, and the camera, the highest.
+/// nothing here draws a border, a focus mark or anything else that is not the lecture's. The surfaces are
+/// plain children, made in their stacking order; where and whether they show is the layout's business.
 class StageWidget : public QWidget {
     Q_OBJECT
 
   public:
     explicit StageWidget(QWidget* parent);
+    ~StageWidget() override;
 
-    SlidePanelWidget& slide_img_back() { return *m_slideBack; }
+    /// What the layouts move. Valid as long as the widget is.
+    stage::StageSurfaces& surfaces();
     ImageSurfaceWidget& slide_img() { return *m_slide; }
 
     void setChangeBackVisible(bool visible);
@@ -27,9 +34,23 @@ class StageWidget : public QWidget {
     void Image1_Click();
 
   private:
+    struct Places;
+
+    void makeBackdrop();
+    void makeMedia();
+    void makeCamera();
+
     QPushButton* m_changeBack;
-    SlidePanelWidget* m_slideBack;
+    QWidget* m_WebBrowser2;
+    QWidget* m_WebBrowser1;
+    QWidget* m_picPaint;
+    QWidget* m_textBoard;
+    QWidget* m_slideBack;
     ImageSurfaceWidget* m_slide;
+    QWidget* m_camera;
+    QWidget* m_cameraOff;
+    QWidget* m_cameraOffSmall;
+    std::unique_ptr<Places> m_places;
 };
 
 } // namespace quillora::forms

@@ -10,10 +10,10 @@
 #include "forms/notes_panel.h"
 #include "forms/presenter_keys.h"
 #include "forms/screen_presence.h"
-#include "forms/slide_panel_widget.h"
 #include "forms/stage_frame.h"
 #include "forms/stage_widget.h"
 #include "forms/status_bar.h"
+#include "forms/task_pane_widget.h"
 #include "forms/window_hints.h"
 
 #include <QCloseEvent>
@@ -28,7 +28,7 @@ namespace quillora::forms {
 
 namespace {
 
-constexpr QSize kFormSize{1020, 546};
+constexpr QSize kFormSize{1020, 650};
 constexpr int kStatusBarHeight = 30;
 constexpr int kToolbarHeight = 38;
 constexpr int kGap = 8;
@@ -70,11 +70,12 @@ void Vantry_frm::placeParts()
     m_toolbar = new MainToolbar(this);
     m_toolbar->setGeometry(0, 0, kFormSize.width(), kToolbarHeight);
 
-    m_notesPanel = new NotesPanel(this);
+    m_taskPane = new TaskPaneWidget(this);
+    m_taskPane->comeAfter(m_toolbar->lastButton());
+    makePanels();
     m_countdown = new CountdownPicture(this);
     m_stage = new StageWidget(this);
     m_stage->move(pixels(kStageLeft), pixels(kStageTop));
-    m_notesPanel->setGeometry(kGap, m_stage->y(), pixels(kTaskPaneWidth) - kGap, m_stage->height());
     m_shape = new StageFrame(*m_stage, this);
     // The countdown's place reaches a pixel into the stage; the stage's pixels are the lecture's own.
     m_stage->raise();
@@ -86,6 +87,19 @@ void Vantry_frm::placeParts()
 
     m_statusBar = new StatusBar(this);
     m_statusBar->setGeometry(0, kFormSize.height() - kStatusBarHeight, kFormSize.width(), kStatusBarHeight);
+    m_taskPane->setGeometry(0, m_stage->y(), pixels(kTaskPaneWidth), m_statusBar->y() - m_stage->y());
+}
+
+void Vantry_frm::makePanels()
+{
+    m_notesPanel = new NotesPanel(this);
+    m_taskPane->keep(m_notesPanel);
+    for (const char* name : {"PicDraw1", "textBoard_pic", "Picture2", "PicWeb", "yt_pic"}) {
+        auto* panel = new QWidget(this);
+        panel->setObjectName(name);
+        panel->setAccessibleName(tr("Panel"));
+        m_taskPane->keep(panel);
+    }
 }
 
 void Vantry_frm::forwardEvents()
@@ -93,7 +107,6 @@ void Vantry_frm::forwardEvents()
     connect(m_toolbar, &MainToolbar::ButtonClick, this, &Vantry_frm::main_TB_ButtonClick);
     connect(m_notesPanel, &NotesPanel::navigation_TB_ButtonClick, this,
             &Vantry_frm::navigation_TB_ButtonClick);
-    connect(m_stage, &StageWidget::Image1_Click, this, &Vantry_frm::Image1_Click);
 
     auto* keys = new PresenterKeys(this);
     connect(keys, &PresenterKeys::navigate, this, &Vantry_frm::navigation_TB_ButtonClick);
@@ -107,7 +120,7 @@ void Vantry_frm::forwardEvents()
 
 deck::ImageSurface& Vantry_frm::slide_img() { return m_stage->slide_img(); }
 
-deck::SlidePanel& Vantry_frm::slide_img_back() { return m_stage->slide_img_back(); }
+stage::StageSurfaces& Vantry_frm::surfaces() { return m_stage->surfaces(); }
 
 deck::ImageSurface& Vantry_frm::slide_img_N() { return m_notesPanel->slide_img_N(); }
 

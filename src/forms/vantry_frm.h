@@ -10,8 +10,11 @@
 
 namespace quillora::deck {
 class ImageSurface;
-class SlidePanel;
 } // namespace quillora::deck
+
+namespace quillora::stage {
+struct StageSurfaces;
+} // namespace quillora::stage
 
 namespace quillora::forms {
 
@@ -22,6 +25,7 @@ class NotesPanel;
 class StageFrame;
 class StageWidget;
 class StatusBar;
+class TaskPaneWidget;
 class WindowHints;
 
 /// The main form. It owns the window's parts, puts them in their places, forwards what the presenter does as
@@ -37,12 +41,16 @@ class Vantry_frm : public QWidget, public session::MainWindow {
 
     /// The slide on the stage.
     deck::ImageSurface& slide_img();
-    /// The panel that gives the slide its place.
-    deck::SlidePanel& slide_img_back();
     /// The preview of the next slide.
     deck::ImageSurface& slide_img_N();
     /// The panel of the slides, for the signals of its own controls.
     NotesPanel& Pic_notes() { return *m_notesPanel; }
+
+    /// The stage, and what the layouts move on it.
+    StageWidget& Picture1() { return *m_stage; }
+    stage::StageSurfaces& surfaces();
+    /// The task pane. It keeps the panels, each under its control name.
+    TaskPaneWidget& ebDemo() { return *m_taskPane; }
 
     void center_form() override;
     void setCaption(const std::string& text) override;
@@ -69,8 +77,6 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     void main_TB_ButtonClick(const std::string& key);
     /// "first", "pre", "next" or "last", from the buttons and from the presenter's keys.
     void navigation_TB_ButtonClick(const std::string& key);
-    /// The place to click in the start picture.
-    void Image1_Click();
     /// @p button: 1 left, 2 right; @p shift: 1 Shift, 2 Ctrl; position in pixels of the slide.
     void slide_img_MouseDown(int button, int shift, float x, float y);
     void slide_img_MouseMove(int button, int shift, float x, float y);
@@ -86,6 +92,7 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     enum class Closing { no, running, done };
 
     void placeParts();
+    void makePanels();
     void forwardEvents();
     void applyWindowFunctions();
 
@@ -94,6 +101,7 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     NotesPanel* m_notesPanel;
     StageWidget* m_stage;
     StageFrame* m_shape;
+    TaskPaneWidget* m_taskPane;
     CountdownPicture* m_countdown;
     StatusBar* m_statusBar;
     bool m_topMost = false;

@@ -8,9 +8,9 @@ void MainForm::Form_Load()
 {
     auto& fields = m_ports.fields;
     auto& window = m_ports.window;
-    base::skipFailures([&] { m_ports.slides.showStartPicture(); }, [&] { m_ports.workspace.makeFolders(); },
-                       [&] { m_ports.workspace.deleteAll(); }, [&] { m_ports.slides.ResizeSlide(); },
-                       [&] { fields.recordState = "stop"; },
+    base::skipFailures([&] { m_ports.pane.AddExpBarLess(); }, [&] { m_ports.slides.showStartPicture(); },
+                       [&] { m_ports.workspace.makeFolders(); }, [&] { m_ports.workspace.deleteAll(); },
+                       [&] { m_ports.slides.ResizeSlide(); }, [&] { fields.recordState = "stop"; },
                        [&] { window.setCaption("Quillora Recorder (" + fields.version_lb + ")"); },
                        [&] { fields.myWindowMode = "full"; }, [&] { fields.myMediaType = "slides"; },
                        [&] { window.setStatusPanel(5, fields.myWindowMode); },

@@ -4,6 +4,7 @@
 #include "session/recording_session.h"
 #include "session/session_fields.h"
 #include "session/slide_show.h"
+#include "session/task_pane_forms.h"
 #include "session/workspace.h"
 
 namespace quillora::session {
@@ -17,11 +18,13 @@ class MainForm {
         SlideShow& slides;
         Workspace& workspace;
         RecordingSession& session;
+        TaskPaneForms& pane;
     };
     /// What the ports refer to must outlive this object.
     explicit MainForm(const Ports& ports) : m_ports(ports) {}
 
-    /// Makes and empties the Workspace and shows the first picture. Skips what fails. The widgets must exist.
+    /// Builds the short task pane, makes and empties the Workspace and shows the first picture. Skips what
+    /// fails. The widgets must exist.
     void Form_Load();
     /// Runs the whole stop, with its save, when a recording is on; what is paused is given up. The caller
     /// ends the process afterwards. Never throws.

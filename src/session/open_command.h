@@ -3,6 +3,7 @@
 #include "session/main_window.h"
 #include "session/session_fields.h"
 #include "session/stage_commands.h"
+#include "session/task_pane_bars.h"
 
 namespace quillora::session {
 
@@ -14,6 +15,8 @@ class OpenCommand {
         MainWindow& window;
         DeckOpening& deck;
         StageMedia& media;
+        StageMode& mode;
+        TaskPaneBars& bars;
     };
     /// What the ports refer to must outlive this object.
     explicit OpenCommand(const Ports& ports) : m_ports(ports) {}

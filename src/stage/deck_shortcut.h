@@ -1,7 +1,8 @@
 #pragma once
 
-#include "deck/slide_panel.h"
 #include "session/stage_commands.h"
+#include "session/task_pane_bars.h"
+#include "stage/stage_surfaces.h"
 
 namespace quillora::stage {
 
@@ -10,7 +11,8 @@ namespace quillora::stage {
 class DeckShortcut {
   public:
     struct Ports {
-        deck::SlidePanel& slide_img_back;
+        StageSurfaces& surfaces;
+        session::TaskPaneBars& bars;
         session::DeckOpening& deck;
     };
     /// What the ports refer to must outlive this object.
@@ -20,6 +22,8 @@ class DeckShortcut {
     void Image1_Click();
 
   private:
+    void showSlidesBar();
+
     Ports m_ports;
 };
 

@@ -18,7 +18,7 @@ TEST_F(DeckFlow, OpeningADeck_ShowsItsFirstSlide)
     openDeck(12);
     EXPECT_EQ(slide_img.picture, "Slide1.PNG");
     EXPECT_EQ(slide_img_N.picture, "Slide2.PNG");
-    EXPECT_TRUE(slide_img_back.visible);
+    EXPECT_TRUE(surfaces.slide_img_back.shown);
     EXPECT_EQ(window.panels[1], "Ready...");
     EXPECT_EQ(window.panels[2], "Slide 1/12");
     EXPECT_EQ(window.panels[6], "slides");
@@ -36,10 +36,10 @@ TEST_F(DeckFlow, OpeningADeck_GivesBothPointersBack)
 TEST_F(DeckFlow, OpeningADeck_BringsTheSlidesBackOntoTheStage)
 {
     fields.myMediaType = "web";
-    slide_img_back.visible = false;
+    surfaces.slide_img_back.shown = false;
     openDeck();
     EXPECT_EQ(fields.myMediaType, "slides");
-    EXPECT_TRUE(slide_img_back.visible);
+    EXPECT_TRUE(surfaces.slide_img_back.shown);
 }
 
 TEST_F(DeckFlow, OpeningADeck_EndsAFullCameraAndNoOtherMode)
@@ -142,10 +142,10 @@ TEST_F(DeckFlow, ThePenLines_AreGoneAfterNextAndDoNotComeBack)
 TEST_F(DeckFlow, TheSizeOfThePanel_IsFollowedBothWaysWithoutANewImport)
 {
     openDeck(3);
-    slide_img_back.width = base::Twips{8400};
+    surfaces.slide_img_back.place.width = base::Twips{8400};
     viewer.LoadSlide();
     EXPECT_EQ(std::pair(slide_img.width, slide_img.height), std::pair(560, 420));
-    slide_img_back.width = base::kStageWidth;
+    surfaces.slide_img_back.place.width = base::kStageWidth;
     viewer.LoadSlide();
     EXPECT_EQ(std::pair(slide_img.width, slide_img.height), std::pair(747, 420));
 }
@@ -157,7 +157,8 @@ TEST_F(DeckFlow, OpeningADeck_EndsWithTheSlidesTheStatusAndThePointer)
     openDeck();
     const Calls end(std::ranges::find(log.calls, "panel2 Slide 1/0"), log.calls.end());
     EXPECT_EQ(end,
-              (Calls{"panel2 Slide 1/0", "pointer ", "slide_img.LoadFile Slide1.jpg",
+              (Calls{"panel2 Slide 1/0", "pointer ", "slide_img_back shown", "textBoard_txt hidden",
+                     "picPaint hidden", "WebBrowser1 hidden", "slide_img.LoadFile Slide1.jpg",
                      "slide_img_N.LoadFile Slide2.jpg", "slide_img.ResizeImage 747x420",
                      "slide_img_N.ResizeImage 746x420", "panel6 slides", "panel1 Ready...", "pointer "}));
 }
@@ -186,10 +187,10 @@ TEST_F(DeckFlow, ThePictureOnTheStage_OpensADeckAndLeavesMediaModeAndStatus)
 {
     fields.myMediaType = "web";
     fields.myWindowMode = "fullcam";
-    slide_img_back.visible = false;
+    surfaces.slide_img_back.shown = false;
     CommonDialog1.willChoose(documents / "deck.pptx");
     deckShortcut.Image1_Click();
-    EXPECT_TRUE(slide_img_back.visible);
+    EXPECT_TRUE(surfaces.slide_img_back.shown);
     EXPECT_EQ(fields.slideStatus, "Slide 1/3");
     EXPECT_EQ(fields.myMediaType, "web");
     EXPECT_EQ(fields.myWindowMode, "fullcam");

@@ -3,11 +3,18 @@
 #include "deck/deck_import.h"
 #include "deck/slide_pen.h"
 #include "deck/slide_viewer.h"
+#include "deck/task_pane.h"
 #include "session/command_surface.h"
 #include "session/main_form.h"
+#include "session/open_command.h"
+#include "session/operations.h"
 #include "stage/deck_shortcut.h"
 #include "stage/media_selection.h"
+#include "stage/slide_place.h"
+#include "stage/stage_commands.h"
+#include "stage/stage_layout.h"
 #include "tests/support/fake_beeper.h"
+#include "tests/support/fake_camera_connection.h"
 #include "tests/support/fake_capture_engine.h"
 #include "tests/support/fake_capture_options_form.h"
 #include "tests/support/fake_clock.h"
@@ -20,7 +27,8 @@
 #include "tests/support/fake_presentation_converter.h"
 #include "tests/support/fake_recording_announcement.h"
 #include "tests/support/fake_sleeper.h"
-#include "tests/support/fake_slide_panel.h"
+#include "tests/support/fake_stage_surfaces.h"
+#include "tests/support/fake_task_pane_view.h"
 #include "tests/support/fake_timer.h"
 #include "tests/support/fake_zip_writer.h"
 #include "tests/support/file_contents.h"
@@ -60,20 +68,28 @@ class LectureWorld : public testing::Test {
     FakeFileCopier copier{};
     FakeImageSurface slide_img{log, "slide_img"};
     FakeImageSurface slide_img_N{log, "slide_img_N"};
-    FakeSlidePanel slide_img_back{};
+    FakeStageSurfaces surfaces{log};
+    FakeTaskPaneView paneView{};
+    FakeCameraConnection camera{};
     FakePresentationConverter converter{log};
 
     session::SessionFields fields{};
     capture::RandomNames names{clock};
     session::Workspace workspace{fields, folders};
     session::SlideTimeIndex index{fields, workspace};
-    deck::SlideViewer viewer{
-        {fields, window, workspace, index, slide_img, slide_img_N, slide_img_back, assets}};
+    deck::TaskPane ebDemo{paneView};
+    stage::SlidePlace slidePlace{surfaces.slide_img_back};
+    deck::SlideViewer viewer{{fields, window, workspace, index, slide_img, slide_img_N, slidePlace, assets}};
     deck::SlidePen pen{slide_img};
     deck::DeckImport deckImport{
         {fields, window, CommonDialog1, boxes, workspace, converter, viewer, slide_img, assets}};
-    stage::MediaSelection media{{fields, window, viewer, slide_img_back}};
-    stage::DeckShortcut deckShortcut{{slide_img_back, deckImport}};
+    session::OperationTable operations{};
+    stage::StageFields stageFields{};
+    stage::StageLayout layout{{fields, stageFields, window, viewer, ebDemo, camera, surfaces.all}};
+    stage::MediaSelection media{{fields, window, viewer, ebDemo, surfaces.all}};
+    stage::StageCommands stageCommands{
+        {fields, stageFields, window, media, layout, surfaces.all, operations}};
+    stage::DeckShortcut deckShortcut{{surfaces.all, ebDemo, deckImport}};
     session::Packaging packaging{{fields, workspace, zip, sleeper, CommonDialog1, boxes, copier}};
     session::CaptureEngineField captureEngine{engines};
     session::CaptureOptions options{{fields, window, boxes, captureEngine, CaptureOptions_frm}};
@@ -83,9 +99,9 @@ class LectureWorld : public testing::Test {
     session::Countdown countdown{{window, clock, countDown_tmr2, beeper, recorder, announcement, assets}};
     session::RecordingSession session{
         {fields, window, boxes, mic_frm, engines, viewer, index, workspace, recorder, countdown, assets}};
-    session::OpenCommand open{{fields, window, deckImport, media}};
-    session::CommandSurface commands{open, session};
-    session::MainForm mainForm{{fields, window, viewer, workspace, session}};
+    session::OpenCommand open{{fields, window, deckImport, media, layout, ebDemo}};
+    session::CommandSurface commands{{fields, window, boxes, ebDemo, operations}};
+    session::MainForm mainForm{{fields, window, viewer, workspace, session, ebDemo}};
 
     LectureWorld()
     {
@@ -94,6 +110,7 @@ class LectureWorld : public testing::Test {
             writeFile(assets / asset, asset);
         Timer2.handler = [this] { recorder.Timer2_Timer(); };
         countDown_tmr2.handler = [this] { countdown.countDown_tmr2_Timer(); };
+        provideOperations();
         mainForm.Form_Load();
     }
 
@@ -143,6 +160,25 @@ class LectureWorld : public testing::Test {
     }
 
   private:
+    void provideOperations()
+    {
+        using session::Operation;
+        operations.provide(Operation::toolbar_open, [this] { open.toolbar_open(); });
+        operations.provide(Operation::toolbar_record, [this] { session.toolbar_record(); });
+        operations.provide(Operation::toolbar_pause, [this] { session.toolbar_pause(); });
+        operations.provide(Operation::toolbar_resume, [this] { session.toolbar_resume(); });
+        operations.provide(Operation::toolbar_stop, [this] { session.toolbar_stop(); });
+        operations.provide(Operation::toolbar_slides, [this] { stageCommands.toolbar_slides(); });
+        operations.provide(Operation::toolbar_text, [this] { stageCommands.toolbar_text(); });
+        operations.provide(Operation::toolbar_draw, [this] { stageCommands.toolbar_draw(); });
+        operations.provide(Operation::toolbar_web, [this] { stageCommands.toolbar_web(); });
+        operations.provide(Operation::toolbar_youtube, [this] { stageCommands.toolbar_youtube(); });
+        operations.provide(Operation::StartRec, [this] { recorder.StartRec(); });
+        operations.provide(Operation::PauseRec, [this] { recorder.PauseRec(); });
+        operations.provide(Operation::ResumeRec, [this] { recorder.ResumeRec(); });
+        operations.provide(Operation::StopRec, [this] { recorder.StopRec(); });
+    }
+
     static std::filesystem::path made(const std::filesystem::path& folder)
     {
         std::filesystem::create_directories(folder);

@@ -2,8 +2,9 @@
 
 #include "capture/pixel_rectangle.h"
 #include "deck/image_surface.h"
-#include "deck/slide_panel.h"
+#include "deck/task_pane.h"
 #include "forms/platform/x11/x11_window_hints.h"
+#include "forms/task_pane_widget.h"
 #include "forms/vantry_frm.h"
 #include "tests/forms/x11_probe.h"
 #include "tests/support/child_process.h"
@@ -74,6 +75,7 @@ class FormTest : public testing::Test {
     FormTest()
     {
         form.setCaption("Quillora Recorder");
+        ebDemo.AddExpBarLess();
         form.show();
         // A window manager that has only just begun gives no focus to a window that it finds there already.
         QElapsedTimer sinceAsked;
@@ -117,6 +119,7 @@ class FormTest : public testing::Test {
     X11Probe probe;
     forms::X11WindowHints hints;
     forms::Vantry_frm form{hints};
+    deck::TaskPane ebDemo{form.ebDemo()};
     bool shown = false;
 };
 

@@ -97,7 +97,7 @@ TEST_F(PresenterKeysTest, WalkByTabFromTheToolbarOverTheSlidesToTheStage)
     QStringList order;
     QWidget* at = find("main_TB_open");
     at->setFocus(Qt::TabFocusReason);
-    for (int i = 0; i < 20; ++i) {
+    for (int i = 0; i < 30; ++i) {
         order << form.focusWidget()->objectName();
         QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
         if (form.focusWidget() == at)
@@ -107,6 +107,8 @@ TEST_F(PresenterKeysTest, WalkByTabFromTheToolbarOverTheSlidesToTheStage)
         order.join(' ').toStdString(),
         "main_TB_open main_TB_options main_TB_record main_TB_pause main_TB_stop main_TB_preview "
         "main_TB_slides "
-        "main_TB_more navigation_TB_first navigation_TB_pre navigation_TB_next navigation_TB_last Command10 "
+        "main_TB_more ebDemo_camera_header ebDemo_powerpoint_header navigation_TB_first navigation_TB_pre "
+        "navigation_TB_next navigation_TB_last Command10 ebDemo_help_header ebDemo_about "
+        "ebDemo_onlinesupport "
         "Picture1");
 }

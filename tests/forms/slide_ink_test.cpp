@@ -8,6 +8,8 @@
 #include "session/session_fields.h"
 #include "session/slide_time_index.h"
 #include "session/workspace.h"
+#include "stage/slide_place.h"
+#include "stage/stage_surfaces.h"
 
 #include <QAbstractButton>
 #include <QPaintEvent>
@@ -104,8 +106,9 @@ class SlideInkFormTest : public FormTest {
     session::SessionFields fields;
     session::Workspace workspace{fields, {folder.path(), folder.path()}};
     session::SlideTimeIndex index{fields, workspace};
+    stage::SlidePlace slidePlace{form.surfaces().slide_img_back};
     deck::SlideViewer viewer{{fields, form, workspace, index, form.slide_img(), form.slide_img_N(),
-                              form.slide_img_back(), QUILLORA_ASSETS}};
+                              slidePlace, QUILLORA_ASSETS}};
     deck::SlidePen pen{form.slide_img()};
     deck::SlideInk ink{{form, form.slide_img(), pen, viewer, QUILLORA_ASSETS}};
     forms::ImageSurfaceWidget* slide = find<forms::ImageSurfaceWidget>("slide_img");

@@ -19,7 +19,9 @@ class FakeMainWindow : public session::MainWindow {
     std::string caption{};
     std::map<int, std::string> panels{{1, "Ready ..."}};
     std::map<std::string, bool, std::less<>> buttonVisible{
-        {"record", true}, {"pause", true}, {"resume", false}, {"stop", true}};
+        {"record", true},   {"pause", true}, {"resume", false}, {"stop", true},
+        {"text", false},    {"draw", false}, {"web", false},    {"youtube", false},
+        {"desktop", false}, {"more", true},  {"less", false}};
     bool countdownVisible = false;
     std::filesystem::path countdownPicture{};
     bool changeBackVisible = true;

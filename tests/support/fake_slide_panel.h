@@ -9,11 +9,9 @@ class FakeSlidePanel : public deck::SlidePanel {
   public:
     base::Twips width = base::kStageWidth;
     base::Twips height = base::kStageHeight;
-    bool visible = false;
 
     base::Twips Width() const override { return width; }
     base::Twips Height() const override { return height; }
-    void setVisible(bool nowVisible) override { visible = nowVisible; }
 };
 
 } // namespace quillora::tests
