@@ -19,14 +19,19 @@ fs::path folderWith(std::string_view file, std::initializer_list<fs::path> folde
     return *folders.begin();
 }
 
+/// A program that this one starts.
+fs::path helperProgram(const fs::path& programFolder, std::string_view name)
+{
+    return folderWith(name, {programFolder, programFolder / "../libexec/quillora"}) / name;
+}
+
 } // namespace
 
 InstalledFiles findInstalledFiles(const fs::path& programFolder)
 {
-    constexpr std::string_view kConverter = "quillora-deck-converter";
     return {.assets = folderWith("PPT.png", {programFolder, programFolder / "../share/quillora"}),
-            .deckConverter =
-                folderWith(kConverter, {programFolder, programFolder / "../libexec/quillora"}) / kConverter};
+            .deckConverter = helperProgram(programFolder, "quillora-deck-converter"),
+            .browser = helperProgram(programFolder, "quillora-browser")};
 }
 
 } // namespace quillora::app

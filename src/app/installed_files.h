@@ -9,6 +9,7 @@ struct InstalledFiles {
     /// Countdown pictures, start picture, cursor.
     std::filesystem::path assets;
     std::filesystem::path deckConverter;
+    std::filesystem::path browser;
 };
 
 /// Looks beside the program first, then where an installation puts things relative to it, so that a copied

@@ -31,8 +31,10 @@ TEST_F(InstalledFilesTest, AreFoundInAnInstallation)
     put("bin/quillora");
     put("share/quillora/PPT.png");
     put("libexec/quillora/quillora-deck-converter");
+    put("libexec/quillora/quillora-browser");
     EXPECT_EQ(find().assets, prefix.path() / "share/quillora");
     EXPECT_EQ(find().deckConverter, prefix.path() / "libexec/quillora/quillora-deck-converter");
+    EXPECT_EQ(find().browser, prefix.path() / "libexec/quillora/quillora-browser");
 }
 
 TEST_F(InstalledFilesTest, BesideTheProgramComeFirst)
@@ -42,10 +44,12 @@ TEST_F(InstalledFilesTest, BesideTheProgramComeFirst)
     put("share/quillora/PPT.png");
     EXPECT_EQ(find().assets, prefix.path() / "bin");
     EXPECT_EQ(find().deckConverter, prefix.path() / "bin/quillora-deck-converter");
+    EXPECT_EQ(find().browser, prefix.path() / "bin/quillora-browser");
 }
 
 TEST_F(InstalledFilesTest, AreExpectedBesideTheProgramWhereTheyAreMissing)
 {
     EXPECT_EQ(find().assets, prefix.path() / "bin");
     EXPECT_EQ(find().deckConverter, prefix.path() / "bin/quillora-deck-converter");
+    EXPECT_EQ(find().browser, prefix.path() / "bin/quillora-browser");
 }
