@@ -33,6 +33,8 @@ class RateControl {
     }
     std::optional<int> forKeyFrame() const { return fitting(std::int64_t(m_pixels), kFinestForKeyFrame); }
     /// @}
+    /// Whether pictures change as wholes one after the other, as those of a film do.
+    bool inMotion() const { return m_motion > 2; }
     /// The quantiser for encoding the unchanged picture once more, finer. Nothing when that would not improve
     /// it, or can't be afforded yet.
     std::optional<int> forStill() const;

@@ -159,3 +159,19 @@ TEST(RateControl, AffordsAKeyFrameOfAStillPictureOnceEnoughIsSaved)
     lecture.stay(24 * 10);
     EXPECT_TRUE(lecture.control.affordsKeyFrame());
 }
+
+TEST(RateControl, TellsMotionFromSlidesThatFollowQuickly)
+{
+    Lecture slides(2);
+    for (int slide = 0; slide < 20; ++slide) {
+        slides.change(1);
+        EXPECT_FALSE(slides.control.inMotion());
+        slides.stay(11);
+    }
+    Lecture film(2);
+    for (int frame = 0; frame < 12; ++frame)
+        film.change(1);
+    EXPECT_TRUE(film.control.inMotion());
+    film.stay(48);
+    EXPECT_FALSE(film.control.inMotion());
+}

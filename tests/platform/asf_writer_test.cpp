@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <csignal>
@@ -131,6 +132,20 @@ TEST_F(AsfWriterTest, ShowsASlideSharpAtOnceAndSharperSoonAfter)
         EXPECT_GT(psnr(media.frames[first + 7].luma, slide(746, 420, i)->luma), 44);
         EXPECT_GT(psnr(media.frames[first + 24].luma, slide(746, 420, i)->luma), 46);
     }
+}
+
+TEST_F(AsfWriterTest, CanBeSoughtEveryTenSecondsInMotionWithoutAKeyFrameMoreOften)
+{
+    AsfWriter writer(format(320, 240));
+    for (int i = 0; i < 24 * 25; ++i)
+        writer.writePicture(slide(320, 240, i / 2), 320 * 240);
+    writeSoundFor(writer, 25);
+    writer.close();
+    const DecodedMedia media = decodeMedia(file());
+    EXPECT_EQ(media.frames.size(), 24U * 25);
+    const auto keys = std::ranges::count(media.frames, true, &DecodedMedia::Frame::key);
+    EXPECT_GE(keys, 3);
+    EXPECT_LE(keys, 6);
 }
 
 // A repeated frame leaves the decoder rounding half-pixel motion the other way than the encoder, if their

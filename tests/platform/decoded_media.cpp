@@ -37,7 +37,7 @@ Decoder openDecoder(const AVStream& stream)
 
 void takePicture(const AVFrame& frame, double seconds, DecodedMedia& media)
 {
-    DecodedMedia::Frame picture{frame.width, frame.height, seconds};
+    DecodedMedia::Frame picture{frame.width, frame.height, seconds, frame.key_frame != 0};
     for (int row = 0; row < frame.height; ++row) {
         const std::uint8_t* line = frame.data[0] + std::ptrdiff_t(row) * frame.linesize[0];
         picture.luma.insert(picture.luma.end(), line, line + frame.width);

@@ -13,6 +13,8 @@ struct DecodedMedia {
         int width = 0;
         int height = 0;
         double seconds = 0;
+        /// Whether a player can start here.
+        bool key = false;
         std::vector<std::uint8_t> luma{};
     };
 

@@ -9,7 +9,8 @@ namespace {
 
 /// A player seeks to the key frame before the wanted moment and decodes from there.
 constexpr double kMostSecondsBetweenKeyFrames = 10;
-/// A picture that is new for the most part costs hardly more as a key frame, and comes out sharper.
+/// A picture that is new for the most part costs hardly more as a key frame, and comes out sharper; but not
+/// in motion, where the picture before tells most of it.
 constexpr double kFewestSecondsBetweenKeyFrames = 2;
 
 } // namespace
@@ -73,7 +74,7 @@ bool VideoTrack::keyFrameIsDue(std::int64_t changedPixels) const
     if (!m_lastKeyFrame)
         return true;
     const double seconds = double(m_frames - *m_lastKeyFrame) / m_framesPerSecond;
-    const bool isNew = 2 * changedPixels > m_pixels;
+    const bool isNew = 2 * changedPixels > m_pixels && !m_rate.inMotion();
     return seconds >= (isNew ? kFewestSecondsBetweenKeyFrames : kMostSecondsBetweenKeyFrames);
 }
 
