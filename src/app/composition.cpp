@@ -1,11 +1,13 @@
 #include "app/composition.h"
 
 #include "app/capture_options_parts.h"
+#include "app/links_parts.h"
 #include "app/recording_engine_factory.h"
 #include "app/slide_ink_parts.h"
 #include "app/stage_parts.h"
 #include "app/system_wall_clock.h"
 #include "app/thread_sleeper.h"
+#include "app/web_parts.h"
 
 #include "capture/random_string.h"
 #include "deck/deck_import.h"
@@ -157,6 +159,12 @@ struct Composition::Logic {
                  .deck = import,
                  .camera = platform.camera,
                  .operations = operations}),
+          web(platform.window, files.browser),
+          links({.window = platform.window,
+                 .boxes = platform.boxes,
+                 .operations = operations,
+                 .version = fields.version_lb,
+                 .documents = files.assets}),
           open({.fields = fields,
                 .window = platform.window,
                 .deck = import,
@@ -173,7 +181,9 @@ struct Composition::Logic {
                     .slides = viewer,
                     .workspace = workspace,
                     .session = session,
-                    .pane = ebDemo})
+                    .pane = ebDemo,
+                    .browsers = web.startPages(),
+                    .Timer1 = web.Timer1()})
     {}
 
     session::SessionFields fields;
@@ -197,6 +207,8 @@ struct Composition::Logic {
     deck::DeckImport import;
     session::OperationTable operations;
     StageParts stage;
+    WebParts web;
+    LinksParts links;
     session::OpenCommand open;
     session::CommandSurface commands;
     session::MainForm mainForm;

@@ -3,6 +3,7 @@
 #include "forms/image_surface_widget.h"
 #include "forms/look.h"
 #include "forms/start_button_area.h"
+#include "forms/web_browser_widget.h"
 #include "forms/widget_surface.h"
 #include "stage/stage_surfaces.h"
 
@@ -86,11 +87,11 @@ void StageWidget::makeBackdrop()
 
 void StageWidget::makeMedia()
 {
-    m_WebBrowser2 = named(new QWidget(this), "WebBrowser2", tr("Online video"));
-    m_WebBrowser1 = named(new QWidget(this), "WebBrowser1", tr("Web page"));
+    m_WebBrowser2 = new WebBrowserWidget("WebBrowser2", tr("Online video"), this);
+    m_WebBrowser1 = new WebBrowserWidget("WebBrowser1", tr("Web page"), this);
     m_picPaint = named(new QWidget(this), "picPaint", tr("Drawing board"));
     m_textBoard = named(new QWidget(this), "textBoard_txt", tr("Text board"));
-    for (QWidget* board : {m_WebBrowser2, m_WebBrowser1, m_picPaint, m_textBoard})
+    for (QWidget* board : {m_picPaint, m_textBoard})
         board->setAutoFillBackground(true);
 
     m_slideBack = named(new QWidget(this), "slide_img_back", tr("Slide panel"));

@@ -13,6 +13,7 @@ struct StageSurfaces;
 namespace quillora::forms {
 
 class ImageSurfaceWidget;
+class WebBrowserWidget;
 
 /// The stage `Picture1` with its stacked surfaces: what lies inside it is recorded, pixel for pixel, so
 /// nothing here draws a border, a focus mark or anything else that is not the lecture's. The surfaces are
@@ -27,6 +28,8 @@ class StageWidget : public QWidget {
     /// What the layouts move. Valid as long as the widget is.
     stage::StageSurfaces& surfaces();
     ImageSurfaceWidget& slide_img() { return *m_slide; }
+    WebBrowserWidget& WebBrowser1() { return *m_WebBrowser1; }
+    WebBrowserWidget& WebBrowser2() { return *m_WebBrowser2; }
 
     void setChangeBackVisible(bool visible);
 
@@ -41,8 +44,8 @@ class StageWidget : public QWidget {
     void makeCamera();
 
     QPushButton* m_changeBack;
-    QWidget* m_WebBrowser2;
-    QWidget* m_WebBrowser1;
+    WebBrowserWidget* m_WebBrowser2;
+    WebBrowserWidget* m_WebBrowser1;
     QWidget* m_picPaint;
     QWidget* m_textBoard;
     QWidget* m_slideBack;

@@ -14,6 +14,8 @@
 #include "forms/stage_widget.h"
 #include "forms/status_bar.h"
 #include "forms/task_pane_widget.h"
+#include "forms/video_panel_widget.h"
+#include "forms/web_panel_widget.h"
 #include "forms/window_hints.h"
 
 #include <QCloseEvent>
@@ -94,7 +96,11 @@ void Vantry_frm::makePanels()
 {
     m_notesPanel = new NotesPanel(this);
     m_taskPane->keep(m_notesPanel);
-    for (const char* name : {"PicDraw1", "textBoard_pic", "Picture2", "PicWeb", "yt_pic"}) {
+    m_webPanel = new WebPanelWidget(this);
+    m_taskPane->keep(m_webPanel);
+    m_videoPanel = new VideoPanelWidget(this);
+    m_taskPane->keep(m_videoPanel);
+    for (const char* name : {"PicDraw1", "textBoard_pic", "Picture2"}) {
         auto* panel = new QWidget(this);
         panel->setObjectName(name);
         panel->setAccessibleName(tr("Panel"));

@@ -26,6 +26,8 @@ class StageFrame;
 class StageWidget;
 class StatusBar;
 class TaskPaneWidget;
+class VideoPanelWidget;
+class WebPanelWidget;
 class WindowHints;
 
 /// The main form. It owns the window's parts, puts them in their places, forwards what the presenter does as
@@ -51,6 +53,8 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     stage::StageSurfaces& surfaces();
     /// The task pane. It keeps the panels, each under its control name.
     TaskPaneWidget& ebDemo() { return *m_taskPane; }
+    WebPanelWidget& PicWeb() { return *m_webPanel; }
+    VideoPanelWidget& yt_pic() { return *m_videoPanel; }
 
     void center_form() override;
     void setCaption(const std::string& text) override;
@@ -99,6 +103,8 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     WindowHints& m_hints;
     MainToolbar* m_toolbar;
     NotesPanel* m_notesPanel;
+    WebPanelWidget* m_webPanel;
+    VideoPanelWidget* m_videoPanel;
     StageWidget* m_stage;
     StageFrame* m_shape;
     TaskPaneWidget* m_taskPane;

@@ -87,6 +87,7 @@ void WebBrowserWidget::connectHost()
     connect(host, &PageHost::focusPassed, this, [this](bool forwards) { focusNextPrevChild(forwards); });
     connect(host, &PageHost::pageStopped, this, &WebBrowserWidget::pageStopped);
     connect(host, &PageHost::ended, this, &WebBrowserWidget::hostEnded);
+    connect(host, &QObject::destroyed, this, [this] { m_life = Life::ended; });
 }
 
 void WebBrowserWidget::Navigate(const std::string& address)

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "panels/default_application.h"
-#include "session/session_fields.h"
 
 #include <filesystem>
+#include <string>
 #include <string_view>
 
 namespace quillora::panels {
@@ -21,7 +21,6 @@ class AboutForm {
 class Links {
   public:
     struct Ports {
-        const session::SessionFields& fields;
         DefaultApplication& shell;
         AboutForm& frmAbout;
         /// Where the documents that come with the program lie.
@@ -30,14 +29,16 @@ class Links {
     /// What the ports refer to must outlive this object.
     explicit Links(const Ports& ports) : m_ports(ports) {}
 
-    /// An item of the task pane: "help", "online", "onlinesupport", "facebookgroup" or "about"; any other key
-    /// does nothing.
-    void ebDemo_ItemClick(std::string_view key);
+    /// The quick guide, and the file that holds all help.
+    void openGuide();
+    void openSupportFile();
+    /// Pages of the service, and of the group of its users, in the presenter's own browser.
+    void openSupportPage();
+    void openUsersGroup();
+    void openUploadPage();
+    void showAbout();
     /// The maker's line of the About dialog.
     void Label1_Click();
-    /// The service's upload page, in the presenter's own browser. Not while a recording is on: the page would
-    /// come up over the stage.
-    void toolbar_upload();
 
     /// Empty: kept because callers may ask for it.
     static std::string_view Onlinehelp() { return {}; }

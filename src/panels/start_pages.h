@@ -2,11 +2,12 @@
 
 #include "base/timer.h"
 #include "panels/web_browser.h"
+#include "session/browser_start.h"
 
 namespace quillora::panels {
 
 /// Where both browsers of the stage begin. On the one thread of forms and logic.
-class StartPages {
+class StartPages : public session::BrowserStart {
   public:
     struct Ports {
         WebBrowser& WebBrowser1;
@@ -19,7 +20,7 @@ class StartPages {
 
     /// Sends each browser to its page of the service. One that fails does not keep the other back.
     /// Never throws.
-    void navigate();
+    void navigate() override;
     /// Ticks once: from then on the pages of `WebBrowser1` can't show boxes.
     void Timer1_Timer();
 

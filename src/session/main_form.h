@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/timer.h"
+#include "session/browser_start.h"
 #include "session/main_window.h"
 #include "session/recording_session.h"
 #include "session/session_fields.h"
@@ -19,12 +21,15 @@ class MainForm {
         Workspace& workspace;
         RecordingSession& session;
         TaskPaneForms& pane;
+        BrowserStart& browsers;
+        /// 5 ms, disabled; the browsers have their step at its first tick.
+        base::Timer& Timer1;
     };
     /// What the ports refer to must outlive this object.
     explicit MainForm(const Ports& ports) : m_ports(ports) {}
 
-    /// Builds the short task pane, makes and empties the Workspace and shows the first picture. Skips what
-    /// fails. The widgets must exist.
+    /// Builds the short task pane, makes and empties the Workspace and shows the first picture, and sends the
+    /// browsers to their pages. Skips what fails. The widgets must exist.
     void Form_Load();
     /// Runs the whole stop, with its save, when a recording is on; what is paused is given up. The caller
     /// ends the process afterwards. Never throws.

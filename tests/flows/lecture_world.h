@@ -4,6 +4,7 @@
 #include "deck/slide_pen.h"
 #include "deck/slide_viewer.h"
 #include "deck/task_pane.h"
+#include "panels/start_pages.h"
 #include "session/command_surface.h"
 #include "session/main_form.h"
 #include "session/open_command.h"
@@ -30,6 +31,7 @@
 #include "tests/support/fake_stage_surfaces.h"
 #include "tests/support/fake_task_pane_view.h"
 #include "tests/support/fake_timer.h"
+#include "tests/support/fake_web_browser.h"
 #include "tests/support/fake_zip_writer.h"
 #include "tests/support/file_contents.h"
 #include "tests/support/names_in.h"
@@ -55,6 +57,9 @@ class LectureWorld : public testing::Test {
     FakeClock clock{};
     FakeTimer Timer2{log, "Timer2"};
     FakeTimer countDown_tmr2{log, "countDown_tmr2"};
+    FakeTimer Timer1{log, "Timer1"};
+    FakeWebBrowser WebBrowser1{log, "WebBrowser1"};
+    FakeWebBrowser WebBrowser2{log, "WebBrowser2"};
     FakeMainWindow window{log};
     FakeMessageBoxes boxes{log};
     FakeCommonDialog CommonDialog1{log};
@@ -101,7 +106,8 @@ class LectureWorld : public testing::Test {
         {fields, window, boxes, mic_frm, engines, viewer, index, workspace, recorder, countdown, assets}};
     session::OpenCommand open{{fields, window, deckImport, media, layout, ebDemo}};
     session::CommandSurface commands{{fields, window, boxes, ebDemo, operations}};
-    session::MainForm mainForm{{fields, window, viewer, workspace, session, ebDemo}};
+    panels::StartPages startPages{{WebBrowser1, WebBrowser2, Timer1}};
+    session::MainForm mainForm{{fields, window, viewer, workspace, session, ebDemo, startPages, Timer1}};
 
     LectureWorld()
     {
@@ -110,6 +116,7 @@ class LectureWorld : public testing::Test {
             writeFile(assets / asset, asset);
         Timer2.handler = [this] { recorder.Timer2_Timer(); };
         countDown_tmr2.handler = [this] { countdown.countDown_tmr2_Timer(); };
+        Timer1.handler = [this] { startPages.Timer1_Timer(); };
         provideOperations();
         mainForm.Form_Load();
     }

@@ -1,3 +1,4 @@
+#include "panels/service_addresses.h"
 #include "tests/flows/lecture_world.h"
 
 namespace quillora::tests {
@@ -41,7 +42,26 @@ TEST_F(Start, GoesThroughItsStepsInTheirOrder)
     EXPECT_EQ(log.calls,
               (Calls{"slide_img.NewImage 747x420", "slide_img.LoadFile PPT.png",
                      "slide_img.ResizeImage 747x420", "slide_img.ResizeImage 747x420",
-                     "slide_img_N.ResizeImage 746x420", "setCaption", "panel5 full", "panel6 slides"}));
+                     "slide_img_N.ResizeImage 746x420", "WebBrowser1.Navigate " + panels::WebStartUrl(),
+                     "WebBrowser2.Navigate " + panels::PlayerBaseUrl(), "Timer1.enable", "setCaption",
+                     "panel5 full", "panel6 slides"}));
+}
+
+TEST_F(Start, MakesTheWebPageSilentAtItsOneTick)
+{
+    log.clear();
+    Timer1.tick();
+    Timer1.tick();
+    EXPECT_EQ(log.calls, (Calls{"WebBrowser1.Silent True", "Timer1.disable"}));
+}
+
+TEST_F(Start, GoesOnWithoutTheBrowsers)
+{
+    WebBrowser1.failing = {{"Navigate", "Silent"}};
+    WebBrowser2.failing = {{"Navigate"}};
+    log.clear();
+    mainForm.Form_Load();
+    EXPECT_EQ(log.calls.back(), "panel6 slides");
 }
 
 TEST_F(Start, WithoutTheStartPicture_ShowsABlankStage)
