@@ -1,6 +1,7 @@
 #include "capture/recording_engine.h"
 
 #include "tests/support/fake_capture_ports.h"
+#include "tests/support/timed_segments.h"
 
 #include <gtest/gtest.h>
 
@@ -10,8 +11,11 @@
 using namespace quillora::capture;
 using namespace std::chrono_literals;
 using quillora::tests::FakeCaptureWorld;
+using quillora::tests::TimedSegments;
 
 namespace {
+
+double seconds(CaptureClock::duration duration) { return std::chrono::duration<double>(duration).count(); }
 
 /// An engine on a world of fakes, set up as the session does it. Time is real, so tests count and compare,
 /// and wait for nothing tightly.
@@ -27,37 +31,20 @@ class RecordingEngineTest : public testing::Test {
         engine.setFileName("video.wmv");
     }
 
-    static double seconds(CaptureClock::duration duration)
-    {
-        return std::chrono::duration<double>(duration).count();
-    }
-
-    /// Starts, does @p meanwhile, pauses; adds the shortest and longest time that the segment may have.
     template <typename Meanwhile>
     void segment(Meanwhile meanwhile)
     {
-        const auto outer = CaptureClock::now();
-        engine.Start();
-        const auto inner = CaptureClock::now();
-        meanwhile();
-        const auto innerEnd = CaptureClock::now();
-        engine.Pause();
-        shortest += seconds(innerEnd - inner);
-        longest += seconds(CaptureClock::now() - outer);
+        segments.record(meanwhile);
     }
 
     void expectLength(double rate)
     {
-        const auto frames = double(world.media->frameCount());
-        EXPECT_GE(frames, std::floor(shortest * rate) - 1);
-        EXPECT_LE(frames, std::ceil(longest * rate) + 1);
-        EXPECT_NEAR(world.media->soundSeconds(), frames / rate, 0.1);
+        segments.expectLength(double(world.media->frameCount()), world.media->soundSeconds(), rate);
     }
 
     FakeCaptureWorld world{};
     RecordingEngine engine;
-    double shortest = 0;
-    double longest = 0;
+    TimedSegments segments{engine};
 };
 
 /// Waits, at most for some seconds, until @p condition holds.
@@ -74,7 +61,7 @@ bool soon(Condition condition)
 TEST_F(RecordingEngineTest, RecordsAsManyFramesAsTimeAndRateGive)
 {
     for (const float rate : {12.0F, 24.0F, 50.0F}) {
-        shortest = longest = 0;
+        segments.forget();
         engine.setFrameRate(rate);
         segment([] { std::this_thread::sleep_for(700ms); });
         engine.Stop();

@@ -180,12 +180,24 @@ class Quitting(LectureTest):
         presenter.record()
         presenter.wait(6)
         presenter.kill()
+        self.assert_readable(desktop, presenter)
+        self.presenter(desktop, deck=None)
+        self.assertEqual(list(desktop.workspace.glob("*.*")), [])
+
+    def test_a_display_that_dies_ends_the_program_and_leaves_the_recording_readable(self):
+        desktop = self.desktop()
+        presenter = self.presenter(desktop)
+        presenter.record()
+        presenter.wait(6)
+        presenter.lose(desktop.end_display)
+        self.assert_readable(desktop, presenter)
+
+    def assert_readable(self, desktop, presenter):
+        """All but the last two seconds of the video that was being recorded."""
         (video,) = desktop.workspace.glob("*.wmv")
         times = run_to_end(["ffprobe", "-v", "error", "-select_streams", "v", "-show_entries", "packet=pts_time",
                             "-of", "csv=p=0", str(video)]).decode().replace(",", " ").split()
         self.assertGreater(float(times[-1]), presenter.notes.recorded()[0] - 2.2)
-        self.presenter(desktop, deck=None)
-        self.assertEqual(list(desktop.workspace.glob("*.*")), [])
 
 
 class PoorMachine(LectureTest):

@@ -10,9 +10,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cctype>
 #include <chrono>
+#include <cstdlib>
 #include <stdexcept>
 #include <thread>
+#include <vector>
 
 namespace quillora::deck::libreoffice {
 namespace {
@@ -170,6 +173,37 @@ TEST_F(MisbehavingConverterTest, OneThatHangsIsKilledWithItsDescendants)
         std::this_thread::sleep_for(50ms);
     const std::string state = tests::readFile("/proc/" + std::to_string(descendant) + "/stat");
     EXPECT_TRUE(state.empty() || state.find(") Z ") != std::string::npos) << state;
+}
+
+/// Processes that run @p program; a script is run by its interpreter.
+std::vector<pid_t> processesOf(const fs::path& program)
+{
+    std::vector<pid_t> found;
+    std::error_code error;
+    for (fs::directory_iterator entry("/proc", error), end; !error && entry != end; entry.increment(error)) {
+        const std::string name = entry->path().filename();
+        if (std::isdigit(static_cast<unsigned char>(name.front())) &&
+            tests::readFile(entry->path() / "cmdline").starts_with(program.string()))
+            found.push_back(std::atoi(name.c_str()));
+    }
+    return found;
+}
+
+TEST_F(LibreOfficeConverterTest, OneThatIsKilledFailsItsImportAndTheNextWorks)
+{
+    // A copy, so that its processes can be told from others.
+    const tests::TemporaryFolder programs(tests::TemporaryFolder::Name::plain);
+    m_setup.program = programs.path() / "converter";
+    m_setup.confinement = Confinement::programOnly;
+    fs::copy_file(QUILLORA_DECK_CONVERTER, m_setup.program);
+    use(m_setup);
+    const std::unique_ptr<Presentation> deck = open(deckFile("deck.fodp", plainDeck("#ff0000")));
+    const std::vector<pid_t> processes = processesOf(m_setup.program);
+    ASSERT_FALSE(processes.empty());
+    for (const pid_t process : processes)
+        ::kill(process, SIGKILL);
+    EXPECT_THROW(deck->SaveAs(m_pictures, SaveAsFormat::png, EmbedTrueTypeFonts::yes), std::runtime_error);
+    EXPECT_EQ(import(deckFile("next.fodp", plainDeck("#00ff00"))), 1);
 }
 
 TEST_F(MisbehavingConverterTest, WhateverItSaysTheImportFailsAndNothingElse)

@@ -8,13 +8,18 @@
 #include "tests/support/private_sound_server.h"
 #include "tests/support/private_x_server.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/timed_segments.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <cmath>
 #include <csignal>
+#include <random>
+#include <stdexcept>
+#include <string>
 #include <thread>
+#include <vector>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -47,14 +52,7 @@ class WholeEngine : public testing::Test {
     template <typename Meanwhile>
     void record(Meanwhile meanwhile)
     {
-        const auto outer = CaptureClock::now();
-        engine.Start();
-        const auto inner = CaptureClock::now();
-        meanwhile();
-        const auto innerEnd = CaptureClock::now();
-        engine.Pause();
-        shortest += std::chrono::duration<double>(innerEnd - inner).count();
-        longest += std::chrono::duration<double>(CaptureClock::now() - outer).count();
+        segments.record(meanwhile);
     }
 
     DecodedMedia stopped()
@@ -62,9 +60,7 @@ class WholeEngine : public testing::Test {
         engine.Stop();
         DecodedMedia media = decodeMedia(file());
         EXPECT_EQ(media.errors, 0);
-        EXPECT_GE(double(media.frames.size()), std::floor(shortest * 24) - 1);
-        EXPECT_LE(double(media.frames.size()), std::ceil(longest * 24) + 1);
-        EXPECT_NEAR(media.soundSeconds(), double(media.frames.size()) / 24, 0.1);
+        segments.expectLength(double(media.frames.size()), media.soundSeconds(), 24);
         for (const auto& frame : media.frames) {
             EXPECT_EQ(frame.width, kOutputWidth);
             EXPECT_EQ(frame.height, kOutputHeight);
@@ -89,8 +85,7 @@ class WholeEngine : public testing::Test {
     /// time.
     PrivateSoundServer sound{{PrivateSoundServer::kNullSink, "module-sine sink=null frequency=440"}};
     RecordingEngine engine;
-    double shortest = 0;
-    double longest = 0;
+    TimedSegments segments{engine};
 };
 
 } // namespace
@@ -183,31 +178,93 @@ TEST_F(WholeEngine, RecordsWhereNoDisplayIs)
     stopped();
 }
 
+namespace {
+
+/// A recorder of its own process, which says when it has begun.
+class Victim {
+  public:
+    Victim(RecordingEngine& engine, const std::filesystem::path& file) : m_file(file)
+    {
+        int started[2];
+        if (::pipe(started) != 0)
+            throw std::runtime_error("no pipe");
+        m_process = ::fork();
+        if (m_process == 0) {
+            engine.setFileName(file);
+            engine.Start();
+            if (::write(started[1], "s", 1) == 1)
+                std::this_thread::sleep_for(5min);
+            ::_exit(0);
+        }
+        ::close(started[1]);
+        m_started = started[0];
+    }
+
+    bool begins()
+    {
+        char byte = 0;
+        const bool said = ::read(m_started, &byte, 1) == 1;
+        ::close(m_started);
+        m_begin = CaptureClock::now();
+        return said;
+    }
+
+    void kill()
+    {
+        m_recorded = CaptureClock::now() - m_begin;
+        ::kill(m_process, SIGKILL);
+        ::waitpid(m_process, nullptr, 0);
+    }
+
+    /// Looks whether all but the last two seconds can be read.
+    void expectReadable() const
+    {
+        const DecodedMedia media = decodeMedia(m_file);
+        EXPECT_EQ(media.errors, 0);
+        EXPECT_GE(double(media.frames.size()) / 24, m_recorded.count() - 2);
+        EXPECT_GE(media.soundSeconds(), m_recorded.count() - 2);
+    }
+
+  private:
+    std::filesystem::path m_file;
+    pid_t m_process = 0;
+    int m_started = -1;
+    CaptureClock::time_point m_begin{};
+    std::chrono::duration<double> m_recorded{};
+};
+
+} // namespace
+
 // Without sound the pictures wait longest for it, and most is lost.
 TEST_F(WholeEngine, LosesAtMostTwoSecondsWhenKilledWithoutASoundServer)
 {
     sound.kill();
-    int started[2];
-    ASSERT_EQ(::pipe(started), 0);
-    const pid_t child = ::fork();
-    if (child == 0) {
-        engine.Start();
-        if (::write(started[1], "s", 1) == 1)
-            std::this_thread::sleep_for(1min);
-        ::_exit(0);
-    }
-    char byte = 0;
-    ASSERT_EQ(::read(started[0], &byte, 1), 1);
-    const auto begin = CaptureClock::now();
+    Victim victim(engine, file());
+    ASSERT_TRUE(victim.begins());
     std::this_thread::sleep_for(5s);
-    const std::chrono::duration<double> recorded = CaptureClock::now() - begin;
-    ::kill(child, SIGKILL);
-    ::waitpid(child, nullptr, 0);
-    ::close(started[0]);
-    ::close(started[1]);
-    const DecodedMedia media = decodeMedia(file());
-    EXPECT_GE(double(media.frames.size()) / 24, recorded.count() - 2);
-    EXPECT_GE(media.soundSeconds(), recorded.count() - 2);
+    victim.kill();
+    victim.expectReadable();
+}
+
+// Side by side in four rounds, since each of them has to record for some seconds.
+TEST_F(WholeEngine, LosesAtMostTwoSecondsWhenKilledAtTwentyMoments)
+{
+    std::mt19937 generator(std::random_device{}());
+    std::uniform_int_distribution<int> milliseconds(0, 1500);
+    for (int round = 0; round < 4; ++round) {
+        std::vector<Victim> victims;
+        for (int i = 0; i < 5; ++i)
+            victims.emplace_back(engine, folder.path() / (std::to_string(round * 5 + i) + ".wmv"));
+        for (Victim& victim : victims)
+            ASSERT_TRUE(victim.begins());
+        std::this_thread::sleep_for(2s);
+        for (Victim& victim : victims) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds(generator)));
+            victim.kill();
+        }
+        for (const Victim& victim : victims)
+            victim.expectReadable();
+    }
 }
 
 TEST_F(WholeEngine, SaysThatAFolderIsNoFile)
@@ -219,7 +276,7 @@ TEST_F(WholeEngine, SaysThatAFolderIsNoFile)
 TEST_F(WholeEngine, RecordsOneFileAfterAnother)
 {
     for (int i = 0; i < 3; ++i) {
-        shortest = longest = 0;
+        segments.forget();
         record([] { std::this_thread::sleep_for(700ms); });
         stopped();
     }

@@ -23,6 +23,7 @@ class Desktop:
         self._sound = sound
         self._folder = None
         self._family = None
+        self._display = None
         self.environment = {}
         self.speech = None
 
@@ -64,6 +65,10 @@ class Desktop:
     def end(self, process):
         self._family.end(process)
 
+    def end_display(self):
+        """The display dies, as in a crash of its server."""
+        self.end(self._display)
+
     def log(self, name):
         return self._folder / f"{name}.log"
 
@@ -99,6 +104,7 @@ class Desktop:
             wait_until(lambda: server.poll() is not None or _listens(socket_path), 20, "the display")
             if server.poll() is None:
                 self.environment["DISPLAY"] = f":{number}"
+                self._display = server
                 return
         raise Failure("no private display comes up: " + self.log("display").read_text(errors="replace")[-400:])
 

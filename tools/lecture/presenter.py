@@ -180,9 +180,13 @@ class Presenter:
 
     def kill(self):
         """Ends the program as a crash does."""
+        self.lose(self._process.kill)
+
+    def lose(self, disaster, seconds=30):
+        """Does what ends the program, and waits for its end."""
         began = time.monotonic()
-        self._process.kill()
-        self._process.wait()
+        disaster()
+        self.wait_for_end(seconds)
         self.notes.segments[-1][1] = began, time.monotonic()
 
     @staticmethod
