@@ -16,6 +16,9 @@ class PageHost : public QObject {
     Q_OBJECT
 
   public:
+    /// Whether starting it anew could help.
+    enum class Return { possible, impossible };
+
     using QObject::QObject;
 
     /// Brings the host up, or up again. A host that can't come up says so by ended().
@@ -50,7 +53,7 @@ class PageHost : public QObject {
     /// The process of the page ended by itself; reload() or navigate() bring a new one.
     void pageStopped();
     /// The host is gone; @p why is a sentence for the presenter.
-    void ended(const QString& why);
+    void ended(const QString& why, Return back);
 };
 
 } // namespace quillora::forms

@@ -14,7 +14,7 @@ namespace {
 /// The first video of its site, which the site itself keeps in honour.
 constexpr const char* kSampleLink = "https://www.youtube.com/watch?v=jNQXAC9IVRw";
 constexpr int kLongestLink = 10'000'000;
-constexpr QSize kPanelSize{249, 73};
+constexpr QSize kPanelSize{249, 81};
 
 } // namespace
 
@@ -35,7 +35,7 @@ VideoPanelWidget::VideoPanelWidget(QWidget* parent) : QWidget(parent)
     m_yturl_txt->installEventFilter(this);
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(5, 2, 5, 6);
     column->setSpacing(4);
     column->addWidget(m_yturl_txt);
     column->addWidget(makeToolbar());

@@ -1,6 +1,5 @@
 #include "forms/web_browser_widget.h"
 
-#include "forms/browser_notice.h"
 #include "forms/look.h"
 #include "forms/page_host.h"
 
@@ -86,7 +85,10 @@ void WebBrowserWidget::connectHost()
     });
     connect(host, &PageHost::focusPassed, this, [this](bool forwards) { focusNextPrevChild(forwards); });
     connect(host, &PageHost::pageStopped, this, &WebBrowserWidget::pageStopped);
-    connect(host, &PageHost::ended, this, &WebBrowserWidget::hostEnded);
+    connect(host, &PageHost::ended, this, [this](const QString& why, PageHost::Return back) {
+        hostEnded(why, back == PageHost::Return::possible ? BrowserNotice::Offer::reload
+                                                          : BrowserNotice::Offer::nothing);
+    });
     connect(host, &QObject::destroyed, this, [this] { m_life = Life::ended; });
 }
 
@@ -199,14 +201,14 @@ void WebBrowserWidget::pageStopped()
                    BrowserNotice::Offer::reload);
 }
 
-void WebBrowserWidget::hostEnded(const QString& why)
+void WebBrowserWidget::hostEnded(const QString& why, BrowserNotice::Offer offer)
 {
     m_life = Life::ended;
     m_pictureWaits = false;
     m_picture = {};
     failZooms();
     unsetCursor();
-    m_notice->tell(tr("There is no browser here"), why, BrowserNotice::Offer::reload);
+    m_notice->tell(tr("There is no browser here"), why, offer);
 }
 
 void WebBrowserWidget::takePicture()

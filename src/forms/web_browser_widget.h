@@ -1,5 +1,6 @@
 #pragma once
 
+#include "forms/browser_notice.h"
 #include "panels/web_browser.h"
 
 #include <QImage>
@@ -10,7 +11,6 @@
 
 namespace quillora::forms {
 
-class BrowserNotice;
 class PageHost;
 
 /// A browser surface of the stage, `WebBrowser1` or `WebBrowser2`: shows the pictures that its page host
@@ -56,7 +56,7 @@ class WebBrowserWidget : public QWidget, public panels::WebBrowser {
     void failZooms();
     void askForNewWindow();
     void pageStopped();
-    void hostEnded(const QString& why);
+    void hostEnded(const QString& why, BrowserNotice::Offer offer);
 
     QPointer<PageHost> m_host;
     BrowserNotice* m_notice;

@@ -17,7 +17,7 @@ namespace {
 constexpr const char* kSampleAddress = "https://www.wikipedia.org/";
 constexpr int kLongestAddress = 10'000'000;
 constexpr int kEnter = 13;
-constexpr QSize kPanelSize{249, 65};
+constexpr QSize kPanelSize{249, 73};
 
 struct Button {
     /// Empty for a separator.
@@ -63,7 +63,7 @@ WebPanelWidget::WebPanelWidget(QWidget* parent) : QWidget(parent)
     m_Label24->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(5, 2, 5, 6);
     column->setSpacing(5);
     column->addWidget(m_http_txt);
     column->addWidget(makeToolbar());

@@ -314,6 +314,7 @@ TEST_F(BadPagesTest, TheAdministratorGetsAPlainPageInstead)
     browser.Navigate(server.address("/plain"));
     EXPECT_TRUE(showsNotice());
     EXPECT_EQ(host.processId(), 0);
+    EXPECT_FALSE(browser.findChild<QWidget*>("browser_reload")->isVisible());
     EXPECT_TRUE(server.requests().empty());
 }
 

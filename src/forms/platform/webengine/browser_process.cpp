@@ -55,13 +55,14 @@ void BrowserProcess::start()
     dropProcess();
     if (protectionIsMissing()) {
         end(tr("Quillora Recorder was started by the administrator (root). Web pages are shown to ordinary "
-               "users only, whom the browser can protect from them."));
+               "users only, whom the browser can protect from them."),
+            Return::impossible);
         return;
     }
     try {
         launch();
     } catch (const std::exception&) {
-        end(tr("The browser could not be started."));
+        end(tr("The browser could not be started."), Return::possible);
     }
 }
 
@@ -80,19 +81,19 @@ void BrowserProcess::launch()
     connect(m_process, &QProcess::readyReadStandardOutput, this, &BrowserProcess::readReports);
     connect(m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
-            end(tr("The browser is not installed, or could not be started."));
+            end(tr("The browser is not installed, or could not be started."), Return::possible);
     });
     connect(m_process, &QProcess::finished, this,
-            [this] { end(tr("The browser has stopped. The recorder is not affected.")); });
+            [this] { end(tr("The browser has stopped. The recorder is not affected."), Return::possible); });
     m_process->start(QString::fromStdString(m_program.string()), {QString::number(descriptor)});
 }
 
-void BrowserProcess::end(const QString& why)
+void BrowserProcess::end(const QString& why, Return back)
 {
     dropProcess();
     // Whoever called start() is told after it has returned, as with any other end.
     QMetaObject::invokeMethod(
-        this, [this, why] { emit ended(why); }, Qt::QueuedConnection);
+        this, [this, why, back] { emit ended(why, back); }, Qt::QueuedConnection);
 }
 
 void BrowserProcess::dropProcess()
@@ -170,7 +171,7 @@ void BrowserProcess::readReports()
             handle(*report);
         }
     } catch (const std::exception&) {
-        end(tr("The browser has stopped. The recorder is not affected."));
+        end(tr("The browser has stopped. The recorder is not affected."), Return::possible);
     }
 }
 

@@ -45,7 +45,7 @@ class BrowserProcess : public PageHost {
     void send(const QByteArray& message);
     void readReports();
     void handle(const QByteArray& report);
-    void end(const QString& why);
+    void end(const QString& why, Return back);
     void dropProcess();
 
     std::filesystem::path m_program;
