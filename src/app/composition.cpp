@@ -1,7 +1,10 @@
 #include "app/composition.h"
 
 #include "app/capture_options_parts.h"
+#include "app/hot_key_parts.h"
 #include "app/links_parts.h"
+#include "app/message_parts.h"
+#include "app/microphone_parts.h"
 #include "app/recording_engine_factory.h"
 #include "app/slide_ink_parts.h"
 #include "app/stage_parts.h"
@@ -45,14 +48,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// The microphone's setting before its dialog exists: a label that keeps the text it was designed with, which
-/// passes the check of Record.
-class DesignedMicrophoneSetting : public session::MicrophoneSetting {
-  public:
-    std::string lblVolPer() override { return "100%"; }
-    void showModal() override {}
-};
-
 /// The camera before there is one.
 class NoCamera : public stage::CameraConnection {
   public:
@@ -75,11 +70,11 @@ struct Composition::Platform {
     session::ReplacingFileCopier copier;
     session::PulseBeeper beeper;
     deck::libreoffice::LibreOfficeConverter converter;
-    DesignedMicrophoneSetting mic_frm;
     NoCamera camera;
     forms::X11WindowHints windowHints;
     forms::Vantry_frm window{windowHints};
     forms::QtMessageBoxes boxes{window};
+    MessageParts messages{boxes};
     forms::QtCommonDialog CommonDialog1{window};
 };
 
@@ -132,10 +127,14 @@ struct Composition::Logic {
                      .recorder = recorder,
                      .announcement = platform.engines,
                      .assets = files.assets}),
+          microphone({.fields = fields,
+                      .window = platform.window,
+                      .boxes = platform.boxes,
+                      .messages = platform.messages}),
           session({.fields = fields,
                    .window = platform.window,
                    .boxes = platform.boxes,
-                   .mic_frm = platform.mic_frm,
+                   .mic_frm = microphone,
                    .engines = platform.engines,
                    .slides = viewer,
                    .index = index,
@@ -176,6 +175,7 @@ struct Composition::Logic {
                     .boxes = platform.boxes,
                     .pane = ebDemo,
                     .operations = operations}),
+          hotKey(platform.messages, platform.window),
           mainForm({.fields = fields,
                     .window = platform.window,
                     .slides = viewer,
@@ -183,7 +183,8 @@ struct Composition::Logic {
                     .session = session,
                     .pane = ebDemo,
                     .browsers = web.startPages(),
-                    .Timer1 = web.Timer1()})
+                    .Timer1 = web.Timer1(),
+                    .ActivateHotKey = [this] { hotKey.ActivateHotKey(); }})
     {}
 
     session::SessionFields fields;
@@ -203,6 +204,7 @@ struct Composition::Logic {
     session::Recorder recorder;
     forms::QtTimer countDown_tmr2;
     session::Countdown countdown;
+    MicrophoneParts microphone;
     session::RecordingSession session;
     deck::DeckImport import;
     session::OperationTable operations;
@@ -211,6 +213,7 @@ struct Composition::Logic {
     LinksParts links;
     session::OpenCommand open;
     session::CommandSurface commands;
+    HotKeyParts hotKey;
     session::MainForm mainForm;
 };
 

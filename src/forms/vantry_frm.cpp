@@ -1,6 +1,7 @@
 #include "forms/vantry_frm.h"
 
 #include "base/rounding.h"
+#include "forms/command_button.h"
 #include "forms/countdown_picture.h"
 #include "forms/cursor_file.h"
 #include "forms/image_surface_widget.h"
@@ -37,6 +38,9 @@ constexpr int kGap = 8;
 constexpr base::Twips kStageLeft{3960};
 constexpr base::Twips kStageTop{650};
 constexpr base::Twips kTaskPaneWidth{3885};
+constexpr base::Twips kImage3Left{14640};
+constexpr base::Twips kImage3Top{7080};
+constexpr base::Twips kImage3Size{480};
 
 void setPointer(QWidget& widget, const std::filesystem::path& cursor)
 {
@@ -87,6 +91,12 @@ void Vantry_frm::placeParts()
     hint->setAccessibleName(hint->text());
     hint->move(m_stage->x(), m_stage->geometry().bottom() + 1 + kGap);
 
+    m_image3 = new CommandButton(CommandButton::Face::iconOnly, "microphone", tr("Microphone level"),
+                                 tr("Microphone level"), this);
+    m_image3->setObjectName("Image3");
+    m_image3->setToolTip(tr("Choose the microphone and set its level"));
+    m_image3->setGeometry(pixels(kImage3Left), pixels(kImage3Top), pixels(kImage3Size), pixels(kImage3Size));
+
     m_statusBar = new StatusBar(this);
     m_statusBar->setGeometry(0, kFormSize.height() - kStatusBarHeight, kFormSize.width(), kStatusBarHeight);
     m_taskPane->setGeometry(0, m_stage->y(), pixels(kTaskPaneWidth), m_statusBar->y() - m_stage->y());
@@ -113,6 +123,8 @@ void Vantry_frm::forwardEvents()
     connect(m_toolbar, &MainToolbar::ButtonClick, this, &Vantry_frm::main_TB_ButtonClick);
     connect(m_notesPanel, &NotesPanel::navigation_TB_ButtonClick, this,
             &Vantry_frm::navigation_TB_ButtonClick);
+
+    connect(m_image3, &CommandButton::clicked, this, &Vantry_frm::Image3_Click);
 
     auto* keys = new PresenterKeys(this);
     connect(keys, &PresenterKeys::navigate, this, &Vantry_frm::navigation_TB_ButtonClick);

@@ -18,6 +18,7 @@ struct StageSurfaces;
 
 namespace quillora::forms {
 
+class CommandButton;
 class CountdownPicture;
 class InputBlock;
 class MainToolbar;
@@ -85,6 +86,8 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     void slide_img_MouseDown(int button, int shift, float x, float y);
     void slide_img_MouseMove(int button, int shift, float x, float y);
     void slide_img_MouseUp(int button, int shift, float x, float y);
+    /// The microphone, beside the stage.
+    void Image3_Click();
     /// The presenter closes the window: sent once, and the window is closed when all receivers have returned.
     void Form_Unload();
 
@@ -109,6 +112,7 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     StageFrame* m_shape;
     TaskPaneWidget* m_taskPane;
     CountdownPicture* m_countdown;
+    CommandButton* m_image3;
     StatusBar* m_statusBar;
     bool m_topMost = false;
     std::unique_ptr<InputBlock> m_inputBlock{};

@@ -8,10 +8,11 @@ void MainForm::Form_Load()
 {
     auto& fields = m_ports.fields;
     auto& window = m_ports.window;
-    base::skipFailures([&] { m_ports.pane.AddExpBarLess(); }, [&] { m_ports.slides.showStartPicture(); },
-                       [&] { m_ports.workspace.makeFolders(); }, [&] { m_ports.workspace.deleteAll(); },
-                       [&] { m_ports.slides.ResizeSlide(); }, [&] { m_ports.browsers.navigate(); },
-                       [&] { fields.recordState = "stop"; }, [&] { m_ports.Timer1.enable(); },
+    base::skipFailures([&] { m_ports.pane.AddExpBarLess(); }, [&] { m_ports.ActivateHotKey(); },
+                       [&] { m_ports.slides.showStartPicture(); }, [&] { m_ports.workspace.makeFolders(); },
+                       [&] { m_ports.workspace.deleteAll(); }, [&] { m_ports.slides.ResizeSlide(); },
+                       [&] { m_ports.browsers.navigate(); }, [&] { fields.recordState = "stop"; },
+                       [&] { m_ports.Timer1.enable(); },
                        [&] { window.setCaption("Quillora Recorder (" + fields.version_lb + ")"); },
                        [&] { fields.myWindowMode = "full"; }, [&] { fields.myMediaType = "slides"; },
                        [&] { window.setStatusPanel(5, fields.myWindowMode); },

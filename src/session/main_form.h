@@ -9,6 +9,9 @@
 #include "session/task_pane_forms.h"
 #include "session/workspace.h"
 
+#include <functional>
+#include <utility>
+
 namespace quillora::session {
 
 /// The life of the main form: what happens when it comes up, and when it is closed.
@@ -24,12 +27,14 @@ class MainForm {
         BrowserStart& browsers;
         /// 5 ms, disabled; the browsers have their step at its first tick.
         base::Timer& Timer1;
+        /// Makes the hot key of the desktop.
+        std::function<void()> ActivateHotKey;
     };
     /// What the ports refer to must outlive this object.
-    explicit MainForm(const Ports& ports) : m_ports(ports) {}
+    explicit MainForm(Ports ports) : m_ports(std::move(ports)) {}
 
-    /// Builds the short task pane, makes and empties the Workspace and shows the first picture, and sends the
-    /// browsers to their pages. Skips what fails. The widgets must exist.
+    /// Builds the short task pane, makes the hot key, makes and empties the Workspace and shows the first
+    /// picture, and sends the browsers to their pages. Skips what fails. The widgets must exist.
     void Form_Load();
     /// Runs the whole stop, with its save, when a recording is on; what is paused is given up. The caller
     /// ends the process afterwards. Never throws.

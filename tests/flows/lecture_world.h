@@ -107,7 +107,8 @@ class LectureWorld : public testing::Test {
     session::OpenCommand open{{fields, window, deckImport, media, layout, ebDemo}};
     session::CommandSurface commands{{fields, window, boxes, ebDemo, operations}};
     panels::StartPages startPages{{WebBrowser1, WebBrowser2, Timer1}};
-    session::MainForm mainForm{{fields, window, viewer, workspace, session, ebDemo, startPages, Timer1}};
+    session::MainForm mainForm{{fields, window, viewer, workspace, session, ebDemo, startPages, Timer1,
+                                [this] { log.add("ActivateHotKey"); }}};
 
     LectureWorld()
     {

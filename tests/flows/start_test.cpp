@@ -40,7 +40,7 @@ TEST_F(Start, PutsTheStartPictureOnTheStageAtItsSize)
 TEST_F(Start, GoesThroughItsStepsInTheirOrder)
 {
     EXPECT_EQ(log.calls,
-              (Calls{"slide_img.NewImage 747x420", "slide_img.LoadFile PPT.png",
+              (Calls{"ActivateHotKey", "slide_img.NewImage 747x420", "slide_img.LoadFile PPT.png",
                      "slide_img.ResizeImage 747x420", "slide_img.ResizeImage 747x420",
                      "slide_img_N.ResizeImage 746x420", "WebBrowser1.Navigate " + panels::WebStartUrl(),
                      "WebBrowser2.Navigate " + panels::PlayerBaseUrl(), "Timer1.enable", "setCaption",

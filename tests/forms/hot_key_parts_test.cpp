@@ -1,0 +1,126 @@
+#include "app/hot_key_parts.h"
+
+#include "tests/forms/form_fixture.h"
+#include "tests/support/fake_message_boxes.h"
+
+#include <QDialog>
+#include <QLineEdit>
+
+using namespace quillora;
+
+namespace {
+
+class HotKey : public tests::FormTest {
+  protected:
+    HotKey()
+    {
+        hotKey.ReturnWindow = [this] { ++returns; };
+    }
+
+    bool returned()
+    {
+        return tests::waitUntil([this] { return returns > 0; });
+    }
+
+    tests::CallLog log;
+    tests::FakeMessageBoxes boxes{log};
+    app::MessageParts messages{boxes};
+    app::HotKeyParts hotKey{messages, form};
+    int returns = 0;
+};
+
+} // namespace
+
+TEST_F(HotKey, BringsTheWindowBack)
+{
+    hotKey.ActivateHotKey();
+    type("ctrl+r");
+    EXPECT_TRUE(returned());
+    tests::settle();
+    EXPECT_EQ(returns, 1);
+    EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(HotKey, WorksWhileTheWindowIsAwayAndAnotherOneHasTheFocus)
+{
+    hotKey.ActivateHotKey();
+    form.hide();
+    QLineEdit other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(tests::waitUntil([&] { return other.isActiveWindow(); }));
+    type("ctrl+r");
+    EXPECT_TRUE(returned());
+}
+
+TEST_F(HotKey, WorksInsideAModalDialog)
+{
+    hotKey.ActivateHotKey();
+    QDialog dialog(&form);
+    dialog.setModal(true);
+    dialog.show();
+    ASSERT_TRUE(tests::waitUntil([&] { return dialog.isActiveWindow(); }));
+    type("ctrl+r");
+    EXPECT_TRUE(returned());
+}
+
+TEST_F(HotKey, MadeAnewIsPressedOnce)
+{
+    hotKey.ActivateHotKey();
+    type("ctrl+r");
+    ASSERT_TRUE(returned());
+    hotKey.ActivateHotKey();
+    hotKey.ActivateHotKey();
+    returns = 0;
+    type("ctrl+r");
+    EXPECT_TRUE(returned());
+    tests::settle();
+    EXPECT_EQ(returns, 1);
+}
+
+TEST_F(HotKey, OfASecondCopyOfTheProgramIsMissingWithoutAWord)
+{
+    hotKey.ActivateHotKey();
+    app::HotKeyParts second(messages, form);
+    int secondReturns = 0;
+    second.ReturnWindow = [&] { ++secondReturns; };
+    EXPECT_NO_THROW(second.ActivateHotKey());
+    type("ctrl+r");
+    EXPECT_TRUE(returned());
+    EXPECT_EQ(secondReturns, 0);
+    EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(HotKey, IsGivenBackAtTheEnd)
+{
+    {
+        app::HotKeyParts first(messages, form);
+        first.ActivateHotKey();
+    }
+    hotKey.ActivateHotKey();
+    type("ctrl+r");
+    EXPECT_TRUE(returned());
+}
+
+TEST_F(HotKey, GoesOnAfterAReturnThatFailed)
+{
+    hotKey.ReturnWindow = [this] {
+        ++returns;
+        throw std::runtime_error("no engine");
+    };
+    hotKey.ActivateHotKey();
+    type("ctrl+r");
+    ASSERT_TRUE(returned());
+    returns = 0;
+    type("ctrl+r");
+    EXPECT_TRUE(returned());
+}
+
+TEST_F(HotKey, WithNothingToReturnToIsHarmless)
+{
+    hotKey.ReturnWindow = {};
+    hotKey.ActivateHotKey();
+    type("ctrl+r");
+    tests::settle();
+    EXPECT_EQ(returns, 0);
+}
