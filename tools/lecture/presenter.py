@@ -55,6 +55,7 @@ class Presenter:
         self.desktop = desktop
         self.notes = Notes()
         self._process = desktop.start([str(program)], "recorder")
+        self.process_id = self._process.pid
         self.window = Window(desktop, self._process)
         self.window.appear()
 
