@@ -1,6 +1,7 @@
 #include "app/composition.h"
 
 #include "app/capture_options_parts.h"
+#include "app/drawing_parts.h"
 #include "app/hot_key_parts.h"
 #include "app/links_parts.h"
 #include "app/message_parts.h"
@@ -19,10 +20,13 @@
 #include "deck/slide_pen.h"
 #include "deck/slide_viewer.h"
 #include "deck/task_pane.h"
+#include "forms/drawing_palette.h"
+#include "forms/paint_canvas_widget.h"
 #include "forms/platform/x11/x11_window_hints.h"
 #include "forms/qt_common_dialog.h"
 #include "forms/qt_message_boxes.h"
 #include "forms/qt_timer.h"
+#include "forms/stage_widget.h"
 #include "forms/task_pane_widget.h"
 #include "forms/vantry_frm.h"
 #include "session/command_surface.h"
@@ -164,6 +168,8 @@ struct Composition::Logic {
                  .operations = operations,
                  .version = fields.version_lb,
                  .documents = files.assets}),
+          drawing({platform.window.Picture1().picPaint(), platform.window.Picture2(), platform.window},
+                  files.assets),
           open({.fields = fields,
                 .window = platform.window,
                 .deck = import,
@@ -211,6 +217,7 @@ struct Composition::Logic {
     StageParts stage;
     WebParts web;
     LinksParts links;
+    DrawingParts drawing;
     session::OpenCommand open;
     session::CommandSurface commands;
     HotKeyParts hotKey;
@@ -240,6 +247,7 @@ void Composition::provideOperations()
     table.provide(Operation::toolbar_pause, [&] { logic.session.toolbar_pause(); });
     table.provide(Operation::toolbar_resume, [&] { logic.session.toolbar_resume(); });
     table.provide(Operation::toolbar_stop, [&] { logic.session.toolbar_stop(); });
+    table.provide(Operation::DrawPrepare, [&] { logic.drawing.DrawPrepare(); });
     table.provide(Operation::StartRec, [&] { logic.recorder.StartRec(); });
     table.provide(Operation::PauseRec, [&] { logic.recorder.PauseRec(); });
     table.provide(Operation::ResumeRec, [&] { logic.recorder.ResumeRec(); });

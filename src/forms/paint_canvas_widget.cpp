@@ -27,8 +27,7 @@ PaintCanvasWidget::PaintCanvasWidget(QWidget* parent) : PaintSurfaceWidget(paren
 {
     setObjectName("picPaint");
     setAccessibleName(tr("Drawing board"));
-    // A press gives the focus itself, when its handler has run.
-    setFocusPolicy(Qt::TabFocus);
+    setFocusPolicy(Qt::StrongFocus);
     resize(pixels(drawing::DrawingCanvas::kWidth), pixels(drawing::DrawingCanvas::kHeight));
 
     m_selection = new PaintSurfaceWidget(this);
@@ -95,7 +94,7 @@ void PaintCanvasWidget::press(const drawing::PointerEvent& event)
     m_focusAfterPress = Focus::canvas;
     emit MouseDown(event);
     m_pressing = false;
-    setFocus();
+    m_textBox->tellOfPressOnCanvas();
     if (m_focusAfterPress == Focus::text)
         m_textBox->setFocus();
 }
@@ -134,6 +133,7 @@ void PaintCanvasWidget::mouseDoubleClickEvent(QMouseEvent* event)
         return;
     }
     emit DblClick();
+    m_textBox->tellOfPressOnCanvas();
     m_secondPress = {changeOf(*event)};
 }
 

@@ -2,6 +2,7 @@
 
 #include "forms/image_surface_widget.h"
 #include "forms/look.h"
+#include "forms/paint_canvas_widget.h"
 #include "forms/start_button_area.h"
 #include "forms/web_browser_widget.h"
 #include "forms/widget_surface.h"
@@ -89,10 +90,9 @@ void StageWidget::makeMedia()
 {
     m_WebBrowser2 = new WebBrowserWidget("WebBrowser2", tr("Online video"), this);
     m_WebBrowser1 = new WebBrowserWidget("WebBrowser1", tr("Web page"), this);
-    m_picPaint = named(new QWidget(this), "picPaint", tr("Drawing board"));
+    m_picPaint = new PaintCanvasWidget(this);
     m_textBoard = named(new QWidget(this), "textBoard_txt", tr("Text board"));
-    for (QWidget* board : {m_picPaint, m_textBoard})
-        board->setAutoFillBackground(true);
+    m_textBoard->setAutoFillBackground(true);
 
     m_slideBack = named(new QWidget(this), "slide_img_back", tr("Slide panel"));
     m_slide = new ImageSurfaceWidget(ImageSurfaceWidget::Display::actualSize, m_slideBack);

@@ -13,6 +13,7 @@ struct StageSurfaces;
 namespace quillora::forms {
 
 class ImageSurfaceWidget;
+class PaintCanvasWidget;
 class WebBrowserWidget;
 
 /// The stage `Picture1` with its stacked surfaces: what lies inside it is recorded, pixel for pixel, so
@@ -30,6 +31,7 @@ class StageWidget : public QWidget {
     ImageSurfaceWidget& slide_img() { return *m_slide; }
     WebBrowserWidget& WebBrowser1() { return *m_WebBrowser1; }
     WebBrowserWidget& WebBrowser2() { return *m_WebBrowser2; }
+    PaintCanvasWidget& picPaint() { return *m_picPaint; }
 
     void setChangeBackVisible(bool visible);
 
@@ -46,7 +48,7 @@ class StageWidget : public QWidget {
     QPushButton* m_changeBack;
     WebBrowserWidget* m_WebBrowser2;
     WebBrowserWidget* m_WebBrowser1;
-    QWidget* m_picPaint;
+    PaintCanvasWidget* m_picPaint;
     QWidget* m_textBoard;
     QWidget* m_slideBack;
     ImageSurfaceWidget* m_slide;

@@ -6,12 +6,14 @@
 #include "forms/input_values.h"
 #include "forms/look.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPalette>
 
 #include <algorithm>
+#include <utility>
 
 namespace quillora::forms {
 
@@ -72,7 +74,16 @@ void TextToolBox::mouseDoubleClickEvent(QMouseEvent*) { emit DblClick(); }
 void TextToolBox::focusOutEvent(QFocusEvent* event)
 {
     QLineEdit::focusOutEvent(event);
-    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
+    const bool toCanvas = QApplication::focusWidget() == parentWidget();
+    if (event->reason() == Qt::MouseFocusReason && toCanvas)
+        m_leftByPressOnCanvas = true;
+    else if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
+        emit LostFocus();
+}
+
+void TextToolBox::tellOfPressOnCanvas()
+{
+    if (std::exchange(m_leftByPressOnCanvas, false))
         emit LostFocus();
 }
 

@@ -19,6 +19,10 @@ class TextToolBox : public QLineEdit {
     /// In pixels of the canvas.
     static QRect placeOf(const drawing::DrawingTextBox& box);
 
+    /// A press on the canvas takes the focus before it is handled, and the words may be told so only after
+    /// it: the canvas calls this then. Nothing where the focus did not go that way.
+    void tellOfPressOnCanvas();
+
   signals:
     /// Before the key does its work, and after. @p key: 13 Enter, 27 Esc.
     void KeyDown(int key);
@@ -32,6 +36,9 @@ class TextToolBox : public QLineEdit {
     void keyReleaseEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    bool m_leftByPressOnCanvas = false;
 };
 
 } // namespace quillora::forms

@@ -4,6 +4,7 @@
 #include "forms/command_button.h"
 #include "forms/countdown_picture.h"
 #include "forms/cursor_file.h"
+#include "forms/drawing_palette.h"
 #include "forms/image_surface_widget.h"
 #include "forms/input_block.h"
 #include "forms/look.h"
@@ -106,11 +107,13 @@ void Vantry_frm::makePanels()
 {
     m_notesPanel = new NotesPanel(this);
     m_taskPane->keep(m_notesPanel);
+    m_drawingPalette = new DrawingPalette(this);
+    m_taskPane->keep(m_drawingPalette);
     m_webPanel = new WebPanelWidget(this);
     m_taskPane->keep(m_webPanel);
     m_videoPanel = new VideoPanelWidget(this);
     m_taskPane->keep(m_videoPanel);
-    for (const char* name : {"PicDraw1", "textBoard_pic", "Picture2"}) {
+    for (const char* name : {"PicDraw1", "textBoard_pic"}) {
         auto* panel = new QWidget(this);
         panel->setObjectName(name);
         panel->setAccessibleName(tr("Panel"));

@@ -20,6 +20,7 @@ namespace quillora::forms {
 
 class CommandButton;
 class CountdownPicture;
+class DrawingPalette;
 class InputBlock;
 class MainToolbar;
 class NotesPanel;
@@ -48,6 +49,8 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     deck::ImageSurface& slide_img_N();
     /// The panel of the slides, for the signals of its own controls.
     NotesPanel& Pic_notes() { return *m_notesPanel; }
+    /// The panel of the drawing board, likewise.
+    DrawingPalette& Picture2() { return *m_drawingPalette; }
 
     /// The stage, and what the layouts move on it.
     StageWidget& Picture1() { return *m_stage; }
@@ -108,6 +111,7 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     NotesPanel* m_notesPanel;
     WebPanelWidget* m_webPanel;
     VideoPanelWidget* m_videoPanel;
+    DrawingPalette* m_drawingPalette;
     StageWidget* m_stage;
     StageFrame* m_shape;
     TaskPaneWidget* m_taskPane;

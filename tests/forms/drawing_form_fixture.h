@@ -4,21 +4,24 @@
 #include "base/skip_failures.h"
 #include "forms/drawing_palette.h"
 #include "forms/paint_canvas_widget.h"
+#include "forms/stage_widget.h"
 #include "forms/text_tool_box.h"
+#include "session/task_pane_bars.h"
+#include "stage/stage_surfaces.h"
 #include "tests/forms/form_fixture.h"
 #include "tests/forms/x11_hand.h"
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QFile>
 #include <QTest>
 
 #include <initializer_list>
 
 namespace quillora::tests {
 
-/// The drawing board in a window on the screen, with a hand on the real pointer.
-class DrawingFormTest : public testing::Test {
+/// The drawing board on the stage of the main form, with its palette in the task pane and a hand on the real
+/// pointer.
+class DrawingFormTest : public FormTest {
   protected:
     enum class Files {
         installed,
@@ -27,20 +30,14 @@ class DrawingFormTest : public testing::Test {
     };
 
     explicit DrawingFormTest(Files files = Files::installed)
-        : parts({picPaint, Picture2, window}, files == Files::none ? folder.path() : QUILLORA_ASSETS)
+        : parts({picPaint, Picture2, form}, files == Files::none ? folder.path() : QUILLORA_ASSETS)
     {
-        window.setObjectName("window");
-        window.setStyleSheet(styleOfTheForm());
-        window.resize(950, 420);
-        Picture2.move(0, 0);
-        picPaint.setGeometry(200, 0, 747, 420);
-        picPaint.show();
+        form.surfaces().slide_img_back.setVisible(false);
+        form.surfaces().picPaint.setVisible(true);
+        ebDemo.AddExpBar();
+        ebDemo.setBarState("camera", session::BarState::collapsed);
+        ebDemo.setBarState("draw", session::BarState::expanded);
         base::skipFailures([&] { parts.DrawPrepare(); });
-        window.show();
-        shown = waitUntil([&] {
-            window.activateWindow();
-            return window.isActiveWindow() && probe.isMapped(std::uint32_t(window.winId()));
-        });
         settle(100);
     }
     ~DrawingFormTest() override
@@ -50,16 +47,11 @@ class DrawingFormTest : public testing::Test {
         hand.done();
     }
 
-    static QString styleOfTheForm()
-    {
-        QFile file(QStringLiteral(":/quillora/vantry_frm.qss"));
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-    }
-
+    using FormTest::find;
     template <typename T = QWidget>
     T* find(const QString& name)
     {
-        return window.findChild<T*>(name);
+        return form.findChild<T*>(name);
     }
 
     /// What the engine drew, as the screen should show it.
@@ -122,7 +114,7 @@ class DrawingFormTest : public testing::Test {
     /// A key of the real keyboard.
     void key(const std::string& name)
     {
-        EXPECT_EQ(runToEnd({"xdotool", "key", name}), 0) << name;
+        FormTest::type(name);
         settle(100);
     }
     void type(const std::string& words)
@@ -131,14 +123,10 @@ class DrawingFormTest : public testing::Test {
         settle(100);
     }
 
-    TemporaryFolder folder;
-    X11Probe probe;
     X11Hand hand;
-    QWidget window;
-    forms::DrawingPalette Picture2{&window};
-    forms::PaintCanvasWidget picPaint{&window};
+    forms::PaintCanvasWidget& picPaint = form.Picture1().picPaint();
+    forms::DrawingPalette& Picture2 = form.Picture2();
     app::DrawingParts parts;
-    bool shown = false;
 };
 
 } // namespace quillora::tests

@@ -34,7 +34,7 @@ class DrawingPaletteTest : public tests::DrawingFormTest {
     template <typename Act>
     void inColourDialog(Act act)
     {
-        auto* timer = new QTimer(&window);
+        auto* timer = new QTimer(&form);
         QObject::connect(timer, &QTimer::timeout, [timer, act] {
             if (auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget())) {
                 timer->deleteLater();
