@@ -85,12 +85,15 @@ QWidget* DrawingPalette::makeTools()
         keepTabFromTheHidden(*button);
         m_tools[std::size_t(id)] = button;
         // The press is the choice: the canvas has the focus before the button comes up.
-        connect(button, &QToolButton::pressed, this, [this, id] {
-            showTool(id);
-            emit optTools_MouseDown(id, drawing::kLeftButton);
-        });
+        connect(button, &QToolButton::pressed, this, [this, id] { chooseTool(id); });
         connect(button, &QToolButton::clicked, this, [this, id] { showTool(id); });
+        // Screen readers turn a button without pressing it.
+        connect(button, &QToolButton::toggled, this, [this, id](bool checked) {
+            if (checked != (id == m_shownTool))
+                chooseTool(id);
+        });
     }
+    showTool(drawing::toolId(drawing::Tool::pencil));
 
     auto* clear =
         new CommandButton(CommandButton::Face::iconOnly, "clear_board", {}, tr("Clear the drawing"), frame);
@@ -110,8 +113,15 @@ QWidget* DrawingPalette::makeTools()
     return frame;
 }
 
+void DrawingPalette::chooseTool(int id)
+{
+    showTool(id);
+    emit optTools_MouseDown(id, drawing::kLeftButton);
+}
+
 void DrawingPalette::showTool(int id)
 {
+    m_shownTool = id;
     for (int i = 0; i < drawing::kToolCount; ++i)
         m_tools[std::size_t(i)]->setChecked(i == id);
 }
@@ -166,7 +176,11 @@ void DrawingPalette::makeSheets()
         option->setChecked(sheet == drawing::Sheet::blank);
         option->move(pixels({described.position.Left}), pixels({described.position.Top}));
         option->setFocusPolicy(described.position.Top < kPanelSize.Height ? Qt::TabFocus : Qt::NoFocus);
-        connect(option, &QRadioButton::clicked, this, [this, sheet] { emit Option_Click(sheet); });
+        // A click on the sheet that is there already would take the drawing with it.
+        connect(option, &QRadioButton::toggled, this, [this, sheet](bool checked) {
+            if (checked)
+                emit Option_Click(sheet);
+        });
     }
 }
 

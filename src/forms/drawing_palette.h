@@ -37,17 +37,19 @@ class DrawingPalette : public QWidget {
     void lblFillColor_DblClick();
     void fraOptDot_MouseDown(const drawing::PointerEvent& event);
     void fraOptFill_MouseDown(const drawing::PointerEvent& event);
-    /// `Option1` to `Option4`.
+    /// One of `Option1` to `Option4`, when it becomes the chosen one.
     void Option_Click(drawing::Sheet sheet);
 
   private:
     QWidget* makeTools();
     void makeColours();
     void makeSheets();
+    void chooseTool(int id);
     void showTool(int id);
 
     // Not a group of the toolkit's, in which Tab would reach one button only.
     std::array<CommandButton*, drawing::kToolCount> m_tools{};
+    int m_shownTool = -1;
     ColourCell* m_foreColour = nullptr;
     ColourCell* m_fillColour = nullptr;
     std::array<ColourCell*, drawing::kColourCells> m_colours{};

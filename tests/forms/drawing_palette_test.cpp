@@ -5,6 +5,7 @@
 #include "forms/look.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QColorDialog>
 #include <QRadioButton>
@@ -151,6 +152,32 @@ TEST_F(DrawingPaletteTest, ChoosesNothingByThePressOfAnotherButton)
     QTest::mouseClick(find("optTools_7"), Qt::RightButton);
     EXPECT_EQ(fields().currentTool, 4);
     EXPECT_FALSE(find<QAbstractButton>("optTools_7")->isChecked());
+}
+
+TEST_F(DrawingPaletteTest, ShowsThePencilAtFirst)
+{
+    for (int id = 0; id < drawing::kToolCount; ++id)
+        EXPECT_EQ(find<QAbstractButton>(toolName(id))->isChecked(), id == 4) << id;
+}
+
+TEST_F(DrawingPaletteTest, ChoosesAToolThatAScreenReaderTurns)
+{
+    for (const char* name : {"optTools_10", "optTools_14"}) {
+        auto* tool = QAccessible::queryAccessibleInterface(find(name));
+        ASSERT_NE(tool->actionInterface(), nullptr);
+        tool->actionInterface()->doAction(tool->actionInterface()->actionNames().front());
+        EXPECT_TRUE(find<QAbstractButton>(name)->isChecked()) << name;
+    }
+    EXPECT_EQ(fields().currentTool, 14);
+    EXPECT_FALSE(find<QAbstractButton>("optTools_10")->isChecked());
+}
+
+TEST_F(DrawingPaletteTest, KeepsTheDrawingWhenTheSheetThatIsThereIsClickedAgain)
+{
+    ASSERT_TRUE(shown);
+    drag({{100, 100}, {200, 100}});
+    QTest::mouseClick(find("Option4"), Qt::LeftButton, {}, {8, 8});
+    EXPECT_TRUE(isInk(150, 100));
 }
 
 TEST_F(DrawingPaletteTest, ChoosesAToolByTheKeyboard)

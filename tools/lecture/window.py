@@ -42,6 +42,26 @@ class Window:
         control = wait_until(lambda: self.find(name, roles, within), 20, f'the control "{name}"')
         self._click(control)
 
+    def click(self, control):
+        """Clicks a control that was found, with the pointer."""
+        self._click(control)
+
+    def find_anywhere(self, name, within):
+        """The control of that accessible name under another one, in view or not."""
+        root = self.find(within)
+        return next((control for control in self._walk(root) if _ask(control.get_name) == name), None) if root else None
+
+    def in_view(self, control, within):
+        """Whether the whole of a control shows inside the control of that name."""
+        left, top, width, height = self.area(control)
+        outer = self.area(self.find(within))
+        return (_is_showing(control) and left >= outer[0] and top >= outer[1]
+                and left + width <= outer[0] + outer[2] and top + height <= outer[1] + outer[3])
+
+    def do_action(self, control):
+        """Does what a control does first when it is asked over the accessibility bus."""
+        _ask(lambda: Atspi.Action.do_action(control, 0))
+
     def shows(self, name):
         """Whether a control of that name can be seen."""
         return self.find(name) is not None
