@@ -56,7 +56,7 @@ DrawingPalette::DrawingPalette(QWidget* parent) : QWidget(parent)
 {
     setObjectName("Picture2");
     setAccessibleName(tr("Drawing tools"));
-    setMinimumWidth(pixels({kPanelSize.Width}));
+    setFixedWidth(pixels({kPanelSize.Width}));
     setFixedHeight(pixels({kPanelSize.Height}));
     QWidget* tools = makeTools();
     makeColours();
