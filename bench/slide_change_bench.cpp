@@ -19,6 +19,7 @@
 #include "session/slide_time_index.h"
 #include "session/workspace.h"
 #include "stage/slide_place.h"
+#include "stage/stage_surfaces.h"
 #include "tests/support/child_process.h"
 #include "tests/support/private_x_server.h"
 #include "tests/support/temporary_folder.h"

@@ -21,17 +21,22 @@ function(quillora_library name)
   endif()
 endfunction()
 
-# quillora_test(NAME SOURCES ... [DEPENDS ...] [LABELS ...])
+# quillora_test(NAME [ALONE] SOURCES ... [DEPENDS ...] [LABELS ...])
 #
-# A GoogleTest program; each of its tests is a test of ctest's. Fakes are included as "tests/support/...".
+# A GoogleTest program; each of its tests is a test of ctest's. Fakes are included as "tests/support/...". ALONE is for
+# tests that happen in real time: no other is to run beside them on a machine of two processors.
 function(quillora_test target)
-  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS;LABELS" ${ARGN})
+  cmake_parse_arguments(ARG "ALONE" "" "SOURCES;DEPENDS;LABELS" ${ARGN})
+  set(processors 1)
+  if(ARG_ALONE)
+    set(processors 2)
+  endif()
   include(GoogleTest)
   add_executable(${target} ${ARG_SOURCES})
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${target} PRIVATE ${ARG_DEPENDS} quillora_test_support GTest::gtest GTest::gtest_main)
   quillora_warnings(${target})
-  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120 LABELS "${ARG_LABELS}")
+  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120 PROCESSORS ${processors} LABELS "${ARG_LABELS}")
 endfunction()
 
 function(quillora_warnings target)
