@@ -211,7 +211,31 @@ def draw_program_icon():
     reduced(image, (256, 256)).save(ASSETS / "quillora.png", optimize=True)
 
 
+def draw_backdrop():
+    """The backdrop of the stage: seen beside the media, where the camera's frame leaves room, so it is calm and
+    has nothing in it that a cut could spoil."""
+    scale = 2
+    width, height = STAGE[0] * scale, STAGE[1] * scale
+    top, bottom = (0x2B, 0x4A, 0x78), (0x16, 0x26, 0x40)
+    column = Image.new("RGB", (1, height))
+    for y in range(height):
+        part = y / (height - 1)
+        column.putpixel((0, y), tuple(round(a + (b - a) * part) for a, b in zip(top, bottom)))
+    image = column.resize((width, height))
+    waves = Image.new("L", (width, height))
+    for row, (level, swing, shade) in enumerate(((0.62, 26, 13), (0.74, 34, 15), (0.86, 22, 17))):
+        crest = [(x, height * level + swing * scale * math.sin(x / width * 5.2 + row * 1.9))
+                 for x in range(0, width + 8, 8)]
+        layer = Image.new("L", (width, height))
+        ImageDraw.Draw(layer).polygon(crest + [(width, height), (0, height)], fill=shade)
+        waves = ImageChops.add(waves, layer)
+    image = Image.composite(Image.new("RGB", image.size, SOFT), image, waves)
+    (ASSETS / "design").mkdir(exist_ok=True)
+    reduced(image, STAGE).save(ASSETS / "design" / "backdrop.jpg", quality=92, subsampling=0)
+
+
 if __name__ == "__main__":
+    draw_backdrop()
     draw_countdown()
     draw_recording()
     draw_start_picture()

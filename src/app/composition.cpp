@@ -80,6 +80,7 @@ struct Composition::Platform {
     forms::QtMessageBoxes boxes{window};
     MessageParts messages{boxes};
     forms::QtCommonDialog CommonDialog1{window};
+    forms::QtCommonDialog CommonDialog4{window};
 };
 
 /// The recorder itself, lowest part first. Timers are part of it since they tick into it.
@@ -161,6 +162,8 @@ struct Composition::Logic {
                  .bars = ebDemo,
                  .deck = import,
                  .camera = platform.camera,
+                 .CommonDialog4 = platform.CommonDialog4,
+                 .boxes = platform.boxes,
                  .operations = operations}),
           web(platform.window, files.browser),
           links({.window = platform.window,
@@ -275,6 +278,7 @@ void Composition::connectForm()
     connect(&Vantry_frm::slide_img_MouseUp, [&](int button, int shift, float x, float y) {
         logic.pen.slide_img_MouseUp(button, shift, x, y);
     });
+    connect(&Vantry_frm::record_Click, [&] { logic.commands.record_Click(); });
     connect(&Vantry_frm::Form_Unload, [&] { logic.mainForm.Form_Unload(); });
     QObject::connect(&window.ebDemo(), &forms::TaskPaneWidget::ItemClick, &window,
                      [&](const std::string& key) { logic.commands.ebDemo_ItemClick(key); });

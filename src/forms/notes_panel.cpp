@@ -15,7 +15,7 @@ namespace quillora::forms {
 namespace {
 
 /// The ratio of 16:9 in which the preview is kept, in the width that the panel has.
-constexpr QSize kPreviewSize{222, 125};
+constexpr QSize kPreviewSize{213, 120};
 
 QLabel* makeLabel(const QString& text, const char* kind, QWidget* parent)
 {
@@ -61,7 +61,7 @@ NotesPanel::NotesPanel(QWidget* parent) : QWidget(parent)
     column->addSpacing(6);
 
     column->addWidget(makeLabel(tr("Up next"), "caption", this));
-    column->addWidget(makePreviewFrame(m_preview, this));
+    column->addWidget(makePreviewFrame(m_preview, this), 0, Qt::AlignLeft);
     column->addSpacing(6);
 
     auto* options = new PenOptions(this);

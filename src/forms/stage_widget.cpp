@@ -1,5 +1,7 @@
 #include "forms/stage_widget.h"
 
+#include "forms/backdrop_widget.h"
+#include "forms/camera_off_picture.h"
 #include "forms/image_surface_widget.h"
 #include "forms/look.h"
 #include "forms/paint_canvas_widget.h"
@@ -76,7 +78,8 @@ stage::StageSurfaces& StageWidget::surfaces() { return m_places->all; }
 
 void StageWidget::makeBackdrop()
 {
-    named(new QWidget(this), "back_img", tr("Backdrop"))->setGeometry(rect());
+    m_backdrop = new BackdropWidget(this);
+    m_backdrop->setGeometry(rect());
 
     m_changeBack = new QPushButton(tr("Change Background"), this);
     named(m_changeBack, "changeback_btn", tr("Change Background"));
@@ -84,6 +87,7 @@ void StageWidget::makeBackdrop()
     // It lies under the media in most modes; Tab must not lead to what can't be seen.
     m_changeBack->setFocusPolicy(Qt::NoFocus);
     m_changeBack->hide();
+    connect(m_changeBack, &QPushButton::clicked, this, &StageWidget::changeback_btn_Click);
 }
 
 void StageWidget::makeMedia()
@@ -108,10 +112,8 @@ void StageWidget::makeCamera()
     black.setColor(QPalette::Window, Qt::black);
     m_camera->setPalette(black);
     m_camera->setAutoFillBackground(true);
-    m_cameraOff = named(new QWidget(this), "cam_icon_trans", tr("The camera is off"));
-    m_cameraOffSmall = named(new QWidget(this), "cam_icon_trans_s", tr("The camera is off"));
-    for (QWidget* picture : {m_cameraOff, m_cameraOffSmall})
-        picture->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_cameraOff = new CameraOffPicture("cam_icon_trans", this);
+    m_cameraOffSmall = new CameraOffPicture("cam_icon_trans_s", this);
 }
 
 void StageWidget::setChangeBackVisible(bool visible) { m_changeBack->setVisible(visible); }

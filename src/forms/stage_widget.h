@@ -12,6 +12,7 @@ struct StageSurfaces;
 
 namespace quillora::forms {
 
+class BackdropWidget;
 class ImageSurfaceWidget;
 class PaintCanvasWidget;
 class WebBrowserWidget;
@@ -28,6 +29,7 @@ class StageWidget : public QWidget {
 
     /// What the layouts move. Valid as long as the widget is.
     stage::StageSurfaces& surfaces();
+    BackdropWidget& back_img() { return *m_backdrop; }
     ImageSurfaceWidget& slide_img() { return *m_slide; }
     WebBrowserWidget& WebBrowser1() { return *m_WebBrowser1; }
     WebBrowserWidget& WebBrowser2() { return *m_WebBrowser2; }
@@ -37,6 +39,7 @@ class StageWidget : public QWidget {
 
   signals:
     void Image1_Click();
+    void changeback_btn_Click();
 
   private:
     struct Places;
@@ -45,6 +48,7 @@ class StageWidget : public QWidget {
     void makeMedia();
     void makeCamera();
 
+    BackdropWidget* m_backdrop;
     QPushButton* m_changeBack;
     WebBrowserWidget* m_WebBrowser2;
     WebBrowserWidget* m_WebBrowser1;

@@ -3,6 +3,8 @@
 #include "forms/command_button.h"
 #include "forms/task_pane_bar.h"
 
+#include <QFile>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <stdexcept>
@@ -44,6 +46,12 @@ TaskPaneWidget::TaskPaneWidget(QWidget* parent) : QScrollArea(parent)
     // Tab goes to what stands in it.
     setFocusPolicy(Qt::NoFocus);
     viewport()->setAccessibleName(accessibleName());
+    QFile thin(QStringLiteral(":/quillora/thin_scroll_bar.qss"));
+    if (thin.open(QIODevice::ReadOnly))
+        verticalScrollBar()->setStyleSheet(QString::fromUtf8(thin.readAll()));
+    verticalScrollBar()->setAccessibleName(tr("Scroll the task pane"));
+    // A screen reader comes past the toolkit's own box around the scroll bar as well.
+    verticalScrollBar()->parentWidget()->setAccessibleName(verticalScrollBar()->accessibleName());
 
     m_cupboard = new QWidget(this);
     m_cupboard->hide();
@@ -52,7 +60,7 @@ TaskPaneWidget::TaskPaneWidget(QWidget* parent) : QScrollArea(parent)
     content->setObjectName("ebDemo_content");
     content->setAccessibleName(accessibleName());
     m_column = new QVBoxLayout(content);
-    m_column->setContentsMargins(8, 0, 6, 8);
+    m_column->setContentsMargins(8, 0, 4, 8);
     m_column->setSpacing(6);
     m_column->addStretch();
     setWidget(content);

@@ -2,6 +2,7 @@
 
 #include "base/rounding.h"
 #include "forms/command_button.h"
+#include "forms/corner_buttons.h"
 #include "forms/countdown_picture.h"
 #include "forms/cursor_file.h"
 #include "forms/drawing_palette.h"
@@ -9,6 +10,7 @@
 #include "forms/input_block.h"
 #include "forms/look.h"
 #include "forms/main_toolbar.h"
+#include "forms/mode_strip.h"
 #include "forms/notes_panel.h"
 #include "forms/presenter_keys.h"
 #include "forms/screen_presence.h"
@@ -24,6 +26,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QLabel>
+#include <QMenu>
 #include <QPainter>
 #include <QScreen>
 #include <QWindow>
@@ -36,6 +39,7 @@ constexpr QSize kFormSize{1020, 650};
 constexpr int kStatusBarHeight = 30;
 constexpr int kToolbarHeight = 38;
 constexpr int kGap = 8;
+constexpr int kStripCaptionTop = 41;
 constexpr base::Twips kStageLeft{3960};
 constexpr base::Twips kStageTop{650};
 constexpr base::Twips kTaskPaneWidth{3885};
@@ -65,6 +69,7 @@ Vantry_frm::Vantry_frm(WindowHints& hints) : m_hints(hints)
     setAccessibleName(tr("Quillora Recorder"));
     setStyleSheet(partsStyle());
     placeParts();
+    makePopup();
     forwardEvents();
     m_stage->setFocus();
 }
@@ -87,10 +92,7 @@ void Vantry_frm::placeParts()
     // The countdown's place reaches a pixel into the stage; the stage's pixels are the lecture's own.
     m_stage->raise();
 
-    auto* hint = new QLabel(tr("Only the stage above is recorded."), this);
-    hint->setObjectName("stage_hint");
-    hint->setAccessibleName(hint->text());
-    hint->move(m_stage->x(), m_stage->geometry().bottom() + 1 + kGap);
+    placeStageControls();
 
     m_image3 = new CommandButton(CommandButton::Face::iconOnly, "microphone", tr("Microphone level"),
                                  tr("Microphone level"), this);
@@ -101,6 +103,40 @@ void Vantry_frm::placeParts()
     m_statusBar = new StatusBar(this);
     m_statusBar->setGeometry(0, kFormSize.height() - kStatusBarHeight, kFormSize.width(), kStatusBarHeight);
     m_taskPane->setGeometry(0, m_stage->y(), pixels(kTaskPaneWidth), m_statusBar->y() - m_stage->y());
+}
+
+/// Below the stage: what changes it, and the word that none of this is recorded.
+void Vantry_frm::placeStageControls()
+{
+    const int top = m_stage->geometry().bottom() + 1 + kGap;
+    m_modeStrip = new ModeStrip(this);
+    m_modeStrip->move(m_stage->x(), top);
+    m_corners = new CornerButtons(this);
+    m_corners->move(m_modeStrip->geometry().right() + 1 + 3 * kGap, top);
+    auto* caption = new QLabel(tr("In a corner"), this);
+    caption->setObjectName("campos_caption");
+    caption->setAccessibleName(caption->text());
+    caption->adjustSize();
+    caption->move(m_corners->geometry().center().x() - caption->width() / 2, top + kStripCaptionTop);
+
+    auto* hint = new QLabel(tr("Only the stage above is recorded."), this);
+    hint->setObjectName("stage_hint");
+    hint->setAccessibleName(hint->text());
+    hint->move(m_stage->x(), m_modeStrip->geometry().bottom() + 1 + 2 * kGap);
+}
+
+/// A menu that no operation opens; two of its items have no handler.
+void Vantry_frm::makePopup()
+{
+    auto* popup = new QMenu(this);
+    popup->setObjectName("popup");
+    popup->setAccessibleName(tr("Recording"));
+    auto* record = popup->addAction(tr("Record"), this, &Vantry_frm::record_Click);
+    auto* pause = popup->addAction(tr("Pause"));
+    auto* stop = popup->addAction(tr("Stop"));
+    record->setShortcut(Qt::CTRL | Qt::Key_R);
+    pause->setShortcut(Qt::CTRL | Qt::Key_P);
+    stop->setShortcut(Qt::CTRL | Qt::Key_S);
 }
 
 void Vantry_frm::makePanels()

@@ -19,10 +19,12 @@ struct StageSurfaces;
 namespace quillora::forms {
 
 class CommandButton;
+class CornerButtons;
 class CountdownPicture;
 class DrawingPalette;
 class InputBlock;
 class MainToolbar;
+class ModeStrip;
 class NotesPanel;
 class StageFrame;
 class StageWidget;
@@ -55,6 +57,9 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     /// The stage, and what the layouts move on it.
     StageWidget& Picture1() { return *m_stage; }
     stage::StageSurfaces& surfaces();
+    /// The strip of window modes, and the corners for the camera.
+    ModeStrip& Picture_cont1() { return *m_modeStrip; }
+    CornerButtons& campos_pic() { return *m_corners; }
     /// The task pane. It keeps the panels, each under its control name.
     TaskPaneWidget& ebDemo() { return *m_taskPane; }
     WebPanelWidget& PicWeb() { return *m_webPanel; }
@@ -83,6 +88,8 @@ class Vantry_frm : public QWidget, public session::MainWindow {
   signals:
     /// With the button's key, such as "record". Ctrl+O comes as "open".
     void main_TB_ButtonClick(const std::string& key);
+    /// Of the menu `popup`.
+    void record_Click();
     /// "first", "pre", "next" or "last", from the buttons and from the presenter's keys.
     void navigation_TB_ButtonClick(const std::string& key);
     /// @p button: 1 left, 2 right; @p shift: 1 Shift, 2 Ctrl; position in pixels of the slide.
@@ -103,6 +110,8 @@ class Vantry_frm : public QWidget, public session::MainWindow {
 
     void placeParts();
     void makePanels();
+    void placeStageControls();
+    void makePopup();
     void forwardEvents();
     void applyWindowFunctions();
 
@@ -115,6 +124,8 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     StageWidget* m_stage;
     StageFrame* m_shape;
     TaskPaneWidget* m_taskPane;
+    ModeStrip* m_modeStrip;
+    CornerButtons* m_corners;
     CountdownPicture* m_countdown;
     CommandButton* m_image3;
     StatusBar* m_statusBar;

@@ -97,8 +97,6 @@ void CommandSurface::record_Click()
     skipFailures([&] { m_ports.boxes.show({.text = "record..."}); });
 }
 
-void CommandSurface::Image3_Click() { runUnlessRecording<Operation::showMicrophoneLevel>(); }
-
 void CommandSurface::attempt(Operation operation)
 {
     skipFailures([&] { m_ports.operations.run(operation); });

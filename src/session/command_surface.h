@@ -11,7 +11,7 @@
 namespace quillora::session {
 
 /// The doors through which the presenter's commands come in: the toolbar, the indexed command table, the task
-/// pane, the menu and the microphone icon. Routing only: whether a command fits the state is asked in its
+/// pane and the menu. Routing only: whether a command fits the state is asked in its
 /// operation, so every door has the same gates; only what merely opens something is asked for here. Behind
 /// every door a key or index without an operation does nothing, and a statement that fails is skipped without
 /// a word. Nothing is thrown.
@@ -35,8 +35,6 @@ class CommandSurface {
     void ebDemo_ItemClick(std::string_view key);
     /// The item `record` of the menu `popup`, which no operation opens.
     void record_Click();
-    /// The microphone icon.
-    void Image3_Click();
 
   private:
     struct Routes;

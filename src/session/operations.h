@@ -35,7 +35,6 @@ enum class Operation {
 
     /// Modal, owned by the main form, each returning when it is closed.
     showPreview,
-    showMicrophoneLevel,
     showAbout,
     /// The options beside a main form that is disabled until they go.
     showOptionsFromTaskPane,

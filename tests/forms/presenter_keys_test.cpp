@@ -107,8 +107,9 @@ TEST_F(PresenterKeysTest, WalkByTabFromTheToolbarOverTheSlidesToTheStage)
         order.join(' ').toStdString(),
         "main_TB_open main_TB_options main_TB_record main_TB_pause main_TB_stop main_TB_preview "
         "main_TB_slides "
-        "main_TB_more ebDemo_camera_header ebDemo_powerpoint_header navigation_TB_first navigation_TB_pre "
-        "navigation_TB_next navigation_TB_last Command10 ebDemo_help_header ebDemo_about "
+        "main_TB_more ebDemo_camera_header ebDemo_powerpoint_header pens_TB_arrow pens_TB_black "
+        "pens_TB_blue pens_TB_red pens_TB_eraser navigation_TB_first navigation_TB_pre "
+        "navigation_TB_next navigation_TB_last Option13 Command10 Option10 ebDemo_help_header ebDemo_about "
         "ebDemo_onlinesupport "
         "Picture1");
 }
