@@ -4,6 +4,7 @@
 #include "forms/page_host.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 #include <QPainter>
 #include <QTimer>
 
@@ -225,6 +226,8 @@ bool WebBrowserWidget::event(QEvent* event)
         event->accept();
         return true;
     }
+    if (event->type() == QEvent::FocusIn && passesFocusOn(*static_cast<QFocusEvent*>(event)))
+        return true;
     const bool forwarded = m_life == Life::running && isInput(event->type());
     if (forwarded)
         m_host->forward(*event);
@@ -233,6 +236,13 @@ bool WebBrowserWidget::event(QEvent* event)
         return true;
     }
     return QWidget::event(event);
+}
+
+bool WebBrowserWidget::passesFocusOn(const QFocusEvent& event)
+{
+    // A video plays on behind the other media, but Tab must not lead to what can't be seen.
+    const bool byTab = event.reason() == Qt::TabFocusReason || event.reason() == Qt::BacktabFocusReason;
+    return byTab && visibleRegion().isEmpty() && focusNextPrevChild(event.reason() == Qt::TabFocusReason);
 }
 
 QVariant WebBrowserWidget::inputMethodQuery(Qt::InputMethodQuery query) const

@@ -52,6 +52,7 @@ class WebBrowserWidget : public QWidget, public panels::WebBrowser {
     void begin();
     void reload();
     void takePicture();
+    bool passesFocusOn(const QFocusEvent& event);
     void finishZoom(quint32 request, panels::ZoomOutcome outcome);
     void failZooms();
     void askForNewWindow();

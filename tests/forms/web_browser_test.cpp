@@ -65,6 +65,32 @@ TEST_F(WebBrowserTest, PlaysOnBehindASurfaceThatCoversIt)
     EXPECT_TRUE(shows(Qt::blue));
 }
 
+TEST_F(WebBrowserTest, IsPassedOverByTabWhileItIsCovered)
+{
+    auto* before = new QPushButton("before", &window);
+    auto* after = new QPushButton("after", &window);
+    QWidget::setTabOrder(before, &browser);
+    QWidget::setTabOrder(&browser, after);
+    browser.show();
+    QWidget cover(&window);
+    cover.setAutoFillBackground(true);
+    cover.setGeometry(window.rect());
+    for (QWidget* each : {&cover, static_cast<QWidget*>(before), static_cast<QWidget*>(after)}) {
+        each->show();
+        each->raise();
+    }
+    settle(100);
+    before->setFocus();
+    QTest::keyClick(before, Qt::Key_Tab);
+    EXPECT_TRUE(after->hasFocus());
+    QTest::keyClick(after, Qt::Key_Backtab);
+    EXPECT_TRUE(before->hasFocus());
+    cover.hide();
+    settle(100);
+    QTest::keyClick(before, Qt::Key_Tab);
+    EXPECT_TRUE(browser.hasFocus());
+}
+
 TEST_F(WebBrowserTest, GoesBackAndForward)
 {
     visit("/red", "red");
