@@ -42,9 +42,12 @@ void RecordingEngine::Start()
         m_recording->resume(m_view);
         return;
     }
+    if (!m_namedAnew)
+        return;
     const auto recording = std::make_shared<Recording>(m_ports, nearestPossible(m_format));
     recording->begin(m_view);
     m_recording = recording;
+    m_namedAnew = false;
 }
 
 void RecordingEngine::Pause()

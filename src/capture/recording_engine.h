@@ -13,8 +13,9 @@ namespace quillora::capture {
 ///
 /// Frame rate, bitrate, size and name belong to the file and are taken up where a recording begins; mode,
 /// rectangle, cursor and highlight at each Start(). A number that no file can have becomes the nearest one
-/// that it can: a lecture at another frame rate is worth more than none. Used on one thread, that of forms
-/// and logic.
+/// that it can: a lecture at another frame rate is worth more than none. A recording begins only under a name
+/// that was set for it: a Start() that comes at any time, as that of a hot key does, begins none and
+/// overwrites none. Used on one thread, that of forms and logic.
 class RecordingEngine : public CaptureEngine {
   public:
     static constexpr double kLowestFrameRate = 1;
@@ -32,7 +33,11 @@ class RecordingEngine : public CaptureEngine {
     void setWidth(std::int32_t pixels) override { m_view.rectangle.width = pixels; }
     void setHeight(std::int32_t pixels) override { m_view.rectangle.height = pixels; }
     void setFrameRate(float framesPerSecond) override { m_format.framesPerSecond = framesPerSecond; }
-    void setFileName(const std::filesystem::path& path) override { m_format.path = path; }
+    void setFileName(const std::filesystem::path& path) override
+    {
+        m_format.path = path;
+        m_namedAnew = true;
+    }
     void setOutputWidth(std::int32_t pixels) override { m_format.width = pixels; }
     void setOutputHeight(std::int32_t pixels) override { m_format.height = pixels; }
     void setCaptureCursor(bool on) override { m_view.pointer.cursor = on; }
@@ -58,6 +63,8 @@ class RecordingEngine : public CaptureEngine {
     CapturePorts m_ports;
     MediaFormat m_format{};
     CaptureView m_view{};
+    /// The name is not that of a recording which has been made.
+    bool m_namedAnew = false;
     /// None while idle.
     std::shared_ptr<Recording> m_recording{};
     Recording::Counts m_counts{};

@@ -138,6 +138,30 @@ TEST_F(RecordingEngineTest, BeginsANewFileAfterStop)
     EXPECT_EQ(world.media->format.path, "second.wmv");
 }
 
+/// The hot key that brings the stage back pauses and starts at any time. The lecture that was just stopped,
+/// and the one that comes next, must outlive that.
+TEST_F(RecordingEngineTest, BeginsNothingUnderANameThatWasRecordedUnderBefore)
+{
+    engine.Start();
+    engine.Stop();
+    engine.Pause();
+    engine.Start();
+    EXPECT_EQ(world.media->opened, 1);
+    engine.setFileName("second.wmv");
+    engine.Start();
+    engine.Stop();
+    EXPECT_EQ(world.media->opened, 2);
+    EXPECT_EQ(world.media->format.path, "second.wmv");
+}
+
+TEST_F(RecordingEngineTest, BeginsNothingWithoutAName)
+{
+    RecordingEngine other(world.ports());
+    other.Pause();
+    other.Start();
+    EXPECT_EQ(world.media->opened, 0);
+}
+
 TEST_F(RecordingEngineTest, TouchesNothingUntilItIsStarted)
 {
     {
@@ -154,6 +178,7 @@ TEST_F(RecordingEngineTest, StopsWhenItIsDestroyed)
         RecordingEngine other(world.ports());
         other.setOutputWidth(32);
         other.setOutputHeight(20);
+        other.setFileName("video.wmv");
         other.Start();
     }
     EXPECT_EQ(world.media->closed, 1);
@@ -335,6 +360,7 @@ TEST_F(RecordingEngineTest, TakesTheNearestPossibleNumbers)
     const auto formatFor = [&](float rate, std::int32_t bitrate) {
         engine.setFrameRate(rate);
         engine.setBitrate(bitrate);
+        engine.setFileName("video.wmv");
         engine.Start();
         engine.Stop();
         return world.media->format;
@@ -352,6 +378,7 @@ TEST_F(RecordingEngineTest, RecordsARectangleOfAnySize)
     for (const int edge : {0, -5, 1, 3, 101, std::numeric_limits<int>::min()}) {
         engine.setWidth(edge);
         engine.setHeight(edge);
+        engine.setFileName("video.wmv");
         const int grabs = world.screen.grabs;
         engine.Start();
         EXPECT_TRUE(soon([&] { return world.screen.grabs > grabs + 1; })) << edge;

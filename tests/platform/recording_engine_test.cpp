@@ -277,6 +277,7 @@ TEST_F(WholeEngine, RecordsOneFileAfterAnother)
 {
     for (int i = 0; i < 3; ++i) {
         segments.forget();
+        engine.setFileName(file());
         record([] { std::this_thread::sleep_for(700ms); });
         stopped();
     }
