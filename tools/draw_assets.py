@@ -232,6 +232,44 @@ def draw_backdrop():
     image = Image.composite(Image.new("RGB", image.size, SOFT), image, waves)
     (ASSETS / "design").mkdir(exist_ok=True)
     reduced(image, STAGE).save(ASSETS / "design" / "backdrop.jpg", quality=92, subsampling=0)
+def draw_return_picture():
+    """What brings the stage back while the screen is recorded: the keys Ctrl and R, then the program's window over
+    another one. Twice the size at which it is shown, so that it stays sharp where a desktop scales."""
+    width, height, scale = 300, 96, 8
+    image = Image.new("RGB", (width * scale, height * scale), GROUND)
+    draw = ImageDraw.Draw(image)
+
+    def box(left, top, across, down, radius, **style):
+        style["width"] = round(style.get("width", 0) * scale)
+        draw.rounded_rectangle(
+            (left * scale, top * scale, (left + across) * scale, (top + down) * scale), radius * scale, **style)
+
+    def line(points, colour, thickness):
+        points = [(x * scale, y * scale) for x, y in points]
+        draw.line(points, fill=colour, width=round(thickness * scale), joint="curve")
+        for x, y in points:
+            r = thickness * scale / 2
+            draw.ellipse((x - r, y - r, x + r, y + r), fill=colour)
+
+    def key(left, across, words):
+        box(left, 29, across, 42, 7, fill=LINE)
+        box(left, 26, across, 41, 7, fill=SURFACE, outline=MUTED, width=1.5)
+        draw.text(((left + across / 2) * scale, 46 * scale), words, font=font(18 * scale, "Bold"), fill=TEXT,
+                  anchor="mm")
+
+    key(10, 66, "Ctrl")
+    draw.text((88 * scale, 47 * scale), "+", font=font(20 * scale), fill=MUTED, anchor="mm")
+    key(100, 44, "R")
+    line([(156, 48), (182, 48)], ACCENT, 3)
+    line([(174, 40), (183, 48), (174, 56)], ACCENT, 3)
+    box(222, 8, 66, 48, 5, fill=SURFACE, outline=LINE, width=2)
+    line([(232, 18), (258, 18)], LINE, 3)
+    box(196, 28, 78, 58, 6, fill=SURFACE, outline=ACCENT, width=3)
+    box(204, 40, 62, 38, 3, fill=PALE)
+    line([(212, 50), (236, 50)], SOFT, 3)
+    line([(212, 59), (228, 59)], SOFT, 3)
+    draw.ellipse((244 * scale, 52 * scale, 258 * scale, 66 * scale), fill=RED)
+    reduced(image, (2 * width, 2 * height)).save(ASSETS / "screen_return.png", optimize=True)
 
 
 if __name__ == "__main__":
@@ -241,3 +279,4 @@ if __name__ == "__main__":
     draw_start_picture()
     draw_cursor(wait_pointer(), (16, 16), ASSETS / "WAIT02.CUR")
     draw_program_icon()
+    draw_return_picture()

@@ -7,6 +7,8 @@
 #include "app/message_parts.h"
 #include "app/microphone_parts.h"
 #include "app/recording_engine_factory.h"
+#include "app/review_parts.h"
+#include "app/screen_recording_parts.h"
 #include "app/slide_ink_parts.h"
 #include "app/stage_parts.h"
 #include "app/system_wall_clock.h"
@@ -37,6 +39,7 @@
 #include "session/packaging.h"
 #include "session/platform/posix/replacing_file_copier.h"
 #include "session/platform/pulse/pulse_beeper.h"
+#include "session/platform/zip/libzip_reader.h"
 #include "session/platform/zip/libzip_writer.h"
 #include "session/recorder.h"
 #include "session/recording_session.h"
@@ -71,6 +74,7 @@ struct Composition::Platform {
     ThreadSleeper sleeper;
     RecordingEngineFactory engines;
     session::LibzipWriterFactory zip;
+    session::LibzipReaderFactory unzip;
     session::ReplacingFileCopier copier;
     session::PulseBeeper beeper;
     deck::libreoffice::LibreOfficeConverter converter;
@@ -124,6 +128,21 @@ struct Composition::Logic {
                     .Timer2 = Timer2,
                     .folders = folders,
                     .packaging = packaging}),
+          screenRecording({.fields = fields,
+                           .window = platform.window,
+                           .hints = platform.windowHints,
+                           .boxes = platform.boxes,
+                           .captureEngine = captureEngine,
+                           .time = time,
+                           .clock = platform.clock,
+                           .Timer2 = Timer2,
+                           .ActivateHotKey = [this] { hotKey.ActivateHotKey(); }}),
+          review({.fields = fields,
+                  .workspace = workspace,
+                  .zip = platform.unzip,
+                  .CommonDialog1 = platform.CommonDialog1,
+                  .window = platform.window,
+                  .playerProgram = files.reviewPlayer}),
           countDown_tmr2(1000ms, [this] { countdown.countDown_tmr2_Timer(); }),
           countdown({.window = platform.window,
                      .clock = platform.clock,
@@ -211,6 +230,8 @@ struct Composition::Logic {
     CaptureOptionsParts captureOptions;
     session::RecordingClock time;
     session::Recorder recorder;
+    ScreenRecordingParts screenRecording;
+    ReviewParts review;
     forms::QtTimer countDown_tmr2;
     session::Countdown countdown;
     MicrophoneParts microphone;
@@ -246,6 +267,8 @@ void Composition::provideOperations()
     table.provide(Operation::toolbar_options, [&] { logic.captureOptions.logic().toolbar_options(); });
     table.provide(Operation::showOptionsFromTaskPane,
                   [&] { logic.captureOptions.logic().showFromTaskPane(); });
+    table.provide(Operation::toolbar_screen, [&] { logic.screenRecording.toolbar_screen(); });
+    table.provide(Operation::showPreview, [&] { logic.review.preview(); });
     table.provide(Operation::toolbar_record, [&] { logic.session.toolbar_record(); });
     table.provide(Operation::toolbar_pause, [&] { logic.session.toolbar_pause(); });
     table.provide(Operation::toolbar_resume, [&] { logic.session.toolbar_resume(); });
@@ -262,6 +285,7 @@ void Composition::connectForm()
     auto& logic = *m_logic;
     auto& window = m_platform->window;
     using forms::Vantry_frm;
+    logic.hotKey.ReturnWindow = [&] { logic.screenRecording.ReturnWindow(); };
     const auto connect = [&](auto signal, auto handler) {
         QObject::connect(&window, signal, &window, handler);
     };

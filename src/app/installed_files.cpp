@@ -31,7 +31,8 @@ InstalledFiles findInstalledFiles(const fs::path& programFolder)
 {
     return {.assets = folderWith("PPT.png", {programFolder, programFolder / "../share/quillora"}),
             .deckConverter = helperProgram(programFolder, "quillora-deck-converter"),
-            .browser = helperProgram(programFolder, "quillora-browser")};
+            .browser = helperProgram(programFolder, "quillora-browser"),
+            .reviewPlayer = helperProgram(programFolder, "quillora-review-player")};
 }
 
 } // namespace quillora::app

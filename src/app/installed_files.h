@@ -10,6 +10,7 @@ struct InstalledFiles {
     std::filesystem::path assets;
     std::filesystem::path deckConverter;
     std::filesystem::path browser;
+    std::filesystem::path reviewPlayer;
 };
 
 /// Looks beside the program first, then where an installation puts things relative to it, so that a copied

@@ -32,6 +32,8 @@ TEST_F(InstalledFilesTest, AreFoundInAnInstallation)
     put("share/quillora/PPT.png");
     put("libexec/quillora/quillora-deck-converter");
     put("libexec/quillora/quillora-browser");
+    put("libexec/quillora/quillora-review-player");
+    EXPECT_EQ(find().reviewPlayer, prefix.path() / "libexec/quillora/quillora-review-player");
     EXPECT_EQ(find().assets, prefix.path() / "share/quillora");
     EXPECT_EQ(find().deckConverter, prefix.path() / "libexec/quillora/quillora-deck-converter");
     EXPECT_EQ(find().browser, prefix.path() / "libexec/quillora/quillora-browser");

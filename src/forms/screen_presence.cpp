@@ -19,16 +19,19 @@ constexpr int kPollMs = 5;
 /// below draw what it covered in their own time. Nobody can be asked when that is over.
 constexpr int kFadingMs = 400;
 
-bool stands(const QWidget& window)
+/// The toolkit learns late of both, and the server alone doesn't know whether there is anything to be drawn
+/// yet.
+bool stands(const QWidget& window, WindowHints& hints)
 {
-    return window.windowHandle() != nullptr && window.windowHandle()->isExposed();
+    QWindow* handle = window.windowHandle();
+    return handle != nullptr && handle->isExposed() && hints.isViewable(std::uint32_t(handle->winId()));
 }
 
 } // namespace
 
 void bringOntoScreen(QWidget& window, WindowHints& hints)
 {
-    if (window.isVisible() && stands(window))
+    if (window.isVisible() && stands(window, hints))
         return;
     // Window managers count their frame in, or don't, when a window comes back. The toolkit's position does.
     const QPoint place = window.pos();
@@ -42,7 +45,7 @@ void bringOntoScreen(QWidget& window, WindowHints& hints)
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         QThread::msleep(kPollMs);
     };
-    while (!stands(window) && !patience.hasExpired())
+    while (!stands(window, hints) && !patience.hasExpired())
         turn();
     if (stoodBefore && window.pos() != place)
         window.move(place);

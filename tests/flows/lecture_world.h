@@ -9,6 +9,8 @@
 #include "session/main_form.h"
 #include "session/open_command.h"
 #include "session/operations.h"
+#include "session/review.h"
+#include "session/screen_recording.h"
 #include "stage/deck_shortcut.h"
 #include "stage/media_selection.h"
 #include "stage/slide_place.h"
@@ -21,17 +23,20 @@
 #include "tests/support/fake_clock.h"
 #include "tests/support/fake_common_dialog.h"
 #include "tests/support/fake_file_copier.h"
+#include "tests/support/fake_full_screen_form.h"
 #include "tests/support/fake_image_surface.h"
 #include "tests/support/fake_main_window.h"
 #include "tests/support/fake_message_boxes.h"
 #include "tests/support/fake_microphone_setting.h"
 #include "tests/support/fake_presentation_converter.h"
+#include "tests/support/fake_preview_form.h"
 #include "tests/support/fake_recording_announcement.h"
 #include "tests/support/fake_sleeper.h"
 #include "tests/support/fake_stage_surfaces.h"
 #include "tests/support/fake_task_pane_view.h"
 #include "tests/support/fake_timer.h"
 #include "tests/support/fake_web_browser.h"
+#include "tests/support/fake_zip_reader.h"
 #include "tests/support/fake_zip_writer.h"
 #include "tests/support/file_contents.h"
 #include "tests/support/names_in.h"
@@ -68,7 +73,10 @@ class LectureWorld : public testing::Test {
     FakeRecordingAnnouncement announcement{};
     FakeCaptureEngineFactory engines{log};
     FakeCaptureOptionsForm CaptureOptions_frm{log};
+    FakeFullScreenForm FullScreen_frm{log};
+    FakePreviewForm preview_frm{log};
     FakeZipWriterFactory zip{log};
+    FakeZipReaderFactory zip_reader{log};
     FakeSleeper sleeper{log};
     FakeFileCopier copier{};
     FakeImageSurface slide_img{log, "slide_img"};
@@ -101,6 +109,9 @@ class LectureWorld : public testing::Test {
     session::RecordingClock time{};
     session::Recorder recorder{
         {fields, window, captureEngine, options, time, names, clock, Timer2, folders, packaging}};
+    session::ScreenRecording screenRecording{{fields, window, boxes, captureEngine, time, clock, Timer2,
+                                              FullScreen_frm, [this] { log.add("ActivateHotKey"); }}};
+    session::Review review{{fields, workspace, zip_reader, CommonDialog1, preview_frm}};
     session::Countdown countdown{{window, clock, countDown_tmr2, beeper, recorder, announcement, assets}};
     session::RecordingSession session{
         {fields, window, boxes, mic_frm, engines, viewer, index, workspace, recorder, countdown, assets}};
@@ -176,6 +187,10 @@ class LectureWorld : public testing::Test {
         operations.provide(Operation::toolbar_pause, [this] { session.toolbar_pause(); });
         operations.provide(Operation::toolbar_resume, [this] { session.toolbar_resume(); });
         operations.provide(Operation::toolbar_stop, [this] { session.toolbar_stop(); });
+        operations.provide(Operation::toolbar_options, [this] { options.toolbar_options(); });
+        operations.provide(Operation::showOptionsFromTaskPane, [this] { options.showFromTaskPane(); });
+        operations.provide(Operation::toolbar_screen, [this] { screenRecording.toolbar_screen(); });
+        operations.provide(Operation::showPreview, [this] { review.preview(); });
         operations.provide(Operation::toolbar_slides, [this] { stageCommands.toolbar_slides(); });
         operations.provide(Operation::toolbar_text, [this] { stageCommands.toolbar_text(); });
         operations.provide(Operation::toolbar_draw, [this] { stageCommands.toolbar_draw(); });

@@ -15,7 +15,7 @@ TEST_F(Options, AreWhatTheNextRecordingIsMadeWith)
         options.highlightCursor_chk_Click(true);
         options.Command1_Click();
     };
-    options.toolbar_options();
+    press("options");
     openDeck();
     startRecording();
     EXPECT_EQ(log.count("engine.FrameRate 30"), 1);
@@ -30,9 +30,9 @@ TEST_F(Options, SetToThirtyAndThenCancelledAtTheNextOpening_GiveTwentyFour)
         options.txtfps_Change("30");
         options.Command1_Click();
     };
-    options.toolbar_options();
+    press("options");
     CaptureOptions_frm.whileModal = [&] { options.Command2_Click(); };
-    options.toolbar_options();
+    press("options");
     openDeck();
     startRecording();
     EXPECT_EQ(log.count("engine.FrameRate 24"), 1);
@@ -57,10 +57,10 @@ TEST_F(Options, DoNothingDuringARecordingAndOpenDuringAPause)
 {
     openDeck();
     startRecording();
-    options.toolbar_options();
+    press("options");
     EXPECT_EQ(log.count("CaptureOptions_frm modal"), 0);
     press("pause");
-    options.toolbar_options();
+    press("options");
     EXPECT_EQ(log.count("CaptureOptions_frm modal"), 1);
 }
 
@@ -71,11 +71,21 @@ TEST_F(Options, CancelledInAPause_LeaveTheRecordingAsItIs)
     secondsPass(5);
     press("pause");
     CaptureOptions_frm.whileModal = [&] { options.Command2_Click(); };
-    options.toolbar_options();
+    press("options");
     press("resume");
     secondsPass(2);
     EXPECT_EQ(engines.recordings, 1);
     EXPECT_EQ(fields.runningTime, "00:00:07");
+}
+
+TEST_F(Options, OfTheTaskPane_StandBesideAFormThatDoesNotAnswer)
+{
+    commands.ebDemo_ItemClick("options");
+    EXPECT_TRUE(CaptureOptions_frm.visible);
+    EXPECT_TRUE(CaptureOptions_frm.topMost);
+    EXPECT_FALSE(window.formEnabled);
+    options.Command2_Click();
+    EXPECT_TRUE(window.formEnabled);
 }
 
 TEST_F(Options, OfANumberThatIsNone_GiveTheEngineZero)

@@ -1,43 +1,18 @@
 #include "session/platform/zip/libzip_writer.h"
 
 #include "session/platform/posix/durable_file.h"
+#include "session/platform/zip/libzip_archive.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <memory>
 #include <stdexcept>
 #include <string>
-#include <zip.h>
 
 namespace fs = std::filesystem;
 
 namespace quillora::session {
 namespace {
-
-struct Discard {
-    void operator()(zip_t* archive) const { zip_discard(archive); }
-};
-using Archive = std::unique_ptr<zip_t, Discard>;
-
-[[noreturn]] void fail(const std::string& what, const char* why)
-{
-    throw std::runtime_error(what + ": " + why);
-}
-
-Archive open(const fs::path& path, int flags)
-{
-    int code = 0;
-    Archive archive(zip_open(path.c_str(), flags, &code));
-    if (!archive) {
-        zip_error_t error;
-        zip_error_init_with_code(&error, code);
-        const std::string why = zip_error_strerror(&error);
-        zip_error_fini(&error);
-        fail("cannot open " + path.string(), why.c_str());
-    }
-    return archive;
-}
 
 /// Pictures and video are compressed already: deflating them again costs seconds and gains nothing.
 bool isMedia(const fs::path& file)
@@ -52,33 +27,33 @@ void add(zip_t* archive, const fs::path& file)
 {
     zip_source_t* source = zip_source_file(archive, file.c_str(), 0, 0);
     if (!source)
-        fail("cannot read " + file.string(), zip_strerror(archive));
+        failInArchive("cannot read " + file.string(), zip_strerror(archive));
     const auto index = zip_file_add(archive, file.filename().c_str(), source, ZIP_FL_ENC_GUESS);
     if (index < 0) {
         zip_source_free(source);
-        fail("cannot add " + file.string(), zip_strerror(archive));
+        failInArchive("cannot add " + file.string(), zip_strerror(archive));
     }
     const auto method = isMedia(file) ? ZIP_CM_STORE : ZIP_CM_DEFLATE;
     if (zip_set_file_compression(archive, zip_uint64_t(index), method, 0) != 0)
-        fail("cannot add " + file.string(), zip_strerror(archive));
+        failInArchive("cannot add " + file.string(), zip_strerror(archive));
 }
 
 void write(const fs::path& path, const std::vector<fs::path>& files)
 {
-    auto archive = open(path, ZIP_CREATE | ZIP_TRUNCATE);
+    auto archive = openArchive(path, ZIP_CREATE | ZIP_TRUNCATE);
     for (const auto& file : files)
         add(archive.get(), file);
     if (zip_close(archive.get()) != 0)
-        fail("cannot write " + path.string(), zip_strerror(archive.get()));
+        failInArchive("cannot write " + path.string(), zip_strerror(archive.get()));
     archive.release();
 }
 
 /// Reads the archive's directory back, before anything relies on it.
 void check(const fs::path& path, std::size_t entries)
 {
-    const auto archive = open(path, ZIP_RDONLY | ZIP_CHECKCONS);
+    const auto archive = openArchive(path, ZIP_RDONLY | ZIP_CHECKCONS);
     if (zip_get_num_entries(archive.get(), 0) != zip_int64_t(entries))
-        fail("cannot write " + path.string(), "entries are missing");
+        failInArchive("cannot write " + path.string(), "entries are missing");
 }
 
 } // namespace

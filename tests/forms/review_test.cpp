@@ -1,0 +1,391 @@
+#include "app/review_parts.h"
+
+#include "forms/review_player.h"
+#include "session/platform/zip/libzip_reader.h"
+#include "session/platform/zip/libzip_writer.h"
+#include "tests/forms/form_fixture.h"
+#include "tests/support/call_log.h"
+#include "tests/support/fake_common_dialog.h"
+#include "tests/support/file_contents.h"
+#include "tests/support/private_sound_server.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QTest>
+#include <QTimer>
+
+#include <csignal>
+#include <set>
+#include <sstream>
+
+using namespace quillora;
+using forms::preview_frm;
+using forms::ReviewPlayer;
+using tests::waitUntil;
+
+namespace {
+
+/// Of a kind that this program records: three seconds of red, then three of blue, with a tone.
+void makeVideo(const std::filesystem::path& path)
+{
+    ASSERT_EQ(
+        tests::runToEnd({"ffmpeg", "-v", "error", "-y", "-f", "lavfi", "-i",
+                         "color=red:s=746x420:r=24:d=3[a];color=blue:s=746x420:r=24:d=3[b];[a][b]concat",
+                         "-f", "lavfi", "-i", "sine=440:d=6", "-c:v", "wmv2", "-c:a", "wmav2", "-f", "asf",
+                         path.string()}),
+        0);
+}
+
+/// The processes that this one has started and not yet buried.
+std::vector<int> children()
+{
+    std::vector<int> found;
+    for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
+        std::istringstream list(tests::readFile(task.path() / "children"));
+        for (int child = 0; list >> child;) {
+            const auto command = tests::readFile("/proc/" + std::to_string(child) + "/cmdline");
+            if (command.find("quillora-review-player") != std::string::npos)
+                found.push_back(child);
+        }
+    }
+    return found;
+}
+
+class ReviewForm : public tests::FormTest {
+  protected:
+    ReviewForm() { makeVideo(video); }
+
+    void showDialog()
+    {
+        dialog.show();
+        ASSERT_TRUE(waitUntil([&] { return dialog.isActiveWindow(); }));
+    }
+    ReviewPlayer& player() { return dialog.WindowsMediaPlayer1(); }
+    template <typename T>
+    T* control(const char* name)
+    {
+        return dialog.findChild<T*>(QString(name));
+    }
+    void playVideo()
+    {
+        player().setURL(video.string());
+        player().play();
+    }
+    bool playing() { return control<QAbstractButton>("player_play")->accessibleName() == "Pause"; }
+    int position() { return control<QSlider>("player_seek")->value(); }
+
+    QColor shown()
+    {
+        auto* screen = control<QWidget>("video_screen");
+        const QPoint middle = screen->mapToGlobal(screen->rect().center());
+        return probe.grab({middle.x(), middle.y(), 1, 1}).pixelColor(0, 0);
+    }
+    bool showsRed() { return shown().red() > 180 && shown().blue() < 80; }
+    bool showsBlue() { return shown().blue() > 180 && shown().red() < 80; }
+    bool idle() { return !control<QWidget>("player_controls")->isEnabled(); }
+
+    std::filesystem::path video = folder.path() / "video.wmv";
+    preview_frm dialog{QUILLORA_REVIEW_PLAYER, &form};
+};
+
+TEST_F(ReviewForm, PlaysAVideoWithItsTimes)
+{
+    showDialog();
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return showsRed(); }));
+    EXPECT_TRUE(waitUntil([&] { return playing() && position() > 500; }));
+    EXPECT_NEAR(control<QSlider>("player_seek")->maximum(), 6000, 200);
+    EXPECT_TRUE(control<QLabel>("player_time")->text().endsWith(" / 0:06"));
+    EXPECT_TRUE(waitUntil([&] { return showsBlue(); }));
+    if (const char* pictures = std::getenv("QUILLORA_PICTURES"))
+        probe.grab({0, 0, QUILLORA_TEST_SCREEN_WIDTH, QUILLORA_TEST_SCREEN_HEIGHT})
+            .save(QString(pictures) + "/review.png");
+}
+
+TEST_F(ReviewForm, PausesAndGoesOn)
+{
+    showDialog();
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return playing() && position() > 300; }));
+    control<QAbstractButton>("player_play")->click();
+    EXPECT_TRUE(waitUntil([&] { return !playing(); }));
+    const int paused = position();
+    tests::settle(500);
+    EXPECT_EQ(position(), paused);
+    control<QAbstractButton>("player_play")->click();
+    EXPECT_TRUE(waitUntil([&] { return playing() && position() > paused; }));
+}
+
+TEST_F(ReviewForm, SeeksWhileItPlaysAndWhileItIsPaused)
+{
+    showDialog();
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return showsRed(); }));
+    auto* seek = control<QSlider>("player_seek");
+    seek->setSliderPosition(4000);
+    seek->triggerAction(QSlider::SliderMove);
+    EXPECT_TRUE(waitUntil([&] { return showsBlue() && position() >= 4000; }));
+    control<QAbstractButton>("player_play")->click();
+    EXPECT_TRUE(waitUntil([&] { return !playing(); }));
+    seek->triggerAction(QSlider::SliderToMinimum);
+    EXPECT_TRUE(waitUntil([&] { return showsRed(); }));
+}
+
+TEST_F(ReviewForm, StopsAtTheEndAndPlaysAnew)
+{
+    showDialog();
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return showsRed(); }));
+    control<QSlider>("player_seek")->triggerAction(QSlider::SliderToMaximum);
+    EXPECT_TRUE(waitUntil([&] { return !playing(); }));
+    control<QAbstractButton>("player_play")->click();
+    EXPECT_TRUE(waitUntil([&] { return playing() && showsRed(); }));
+}
+
+TEST_F(ReviewForm, IsPlayedByTheKeyboard)
+{
+    showDialog();
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return playing() && position() > 300; }));
+    control<QWidget>("video_screen")->setFocus();
+    type("space");
+    EXPECT_TRUE(waitUntil([&] { return !playing(); }));
+    type("Right");
+    EXPECT_TRUE(waitUntil([&] { return position() > 4500; }));
+    type("Left");
+    EXPECT_TRUE(waitUntil([&] { return position() < 2000; }));
+    type("Down");
+    EXPECT_TRUE(waitUntil([&] { return control<QSlider>("player_volume")->value() == 95; }));
+    type("Up");
+    EXPECT_TRUE(waitUntil([&] { return control<QSlider>("player_volume")->value() == 100; }));
+}
+
+TEST_F(ReviewForm, FillsTheScreenAndComesBackByEscape)
+{
+    showDialog();
+    playVideo();
+    QSignalSpy closed(&dialog, &preview_frm::Command1_Click);
+    EXPECT_TRUE(waitUntil([&] { return showsRed(); }));
+    control<QWidget>("video_screen")->setFocus();
+    type("F11");
+    EXPECT_TRUE(
+        waitUntil([&] { return control<QWidget>("video_screen")->width() == QUILLORA_TEST_SCREEN_WIDTH; }));
+    EXPECT_TRUE(waitUntil([&] {
+        return probe.grab({4, 500, 1, 1}).pixelColor(0, 0).red() > 180 ||
+               probe.grab({4, 500, 1, 1}).pixelColor(0, 0).blue() > 180;
+    }));
+    EXPECT_FALSE(control<QWidget>("Command3")->isVisible());
+    type("Escape");
+    EXPECT_TRUE(
+        waitUntil([&] { return !dialog.isFullScreen() && control<QWidget>("Command3")->isVisible(); }));
+    EXPECT_EQ(closed.count(), 0);
+    type("Escape");
+    EXPECT_TRUE(waitUntil([&] { return closed.count() == 1; }));
+}
+
+TEST_F(ReviewForm, CanBeWalkedByTab)
+{
+    showDialog();
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return playing(); }));
+    std::set<std::string> reached;
+    for (int i = 0; i < 12; ++i) {
+        if (dialog.focusWidget() != nullptr) {
+            reached.insert(dialog.focusWidget()->objectName().toStdString());
+            EXPECT_FALSE(dialog.focusWidget()->accessibleName().isEmpty());
+        }
+        type("Tab");
+        tests::settle(60);
+    }
+    EXPECT_EQ(reached, (std::set<std::string>{"video_screen", "player_play", "player_seek", "player_volume",
+                                              "player_fullscreen", "Command3", "Command1"}));
+}
+
+TEST_F(ReviewForm, HasAPlayerThatIsIdleAndCostsNothingBeforeItsFirstVideo)
+{
+    showDialog();
+    EXPECT_TRUE(idle());
+    EXPECT_TRUE(children().empty());
+    EXPECT_EQ(control<QLabel>("player_time")->text(), "0:00 / 0:00");
+    EXPECT_EQ(shown(), QColor(Qt::black));
+    EXPECT_FALSE(control<QWidget>("Command2")->isVisible());
+    EXPECT_EQ(control<QLabel>("savedVid_lb")->text(), "");
+}
+
+TEST_F(ReviewForm, ShowsThePlayerNothingThatIsNoVideo)
+{
+    showDialog();
+    tests::writeFile(folder.path() / "points_elsewhere.wmv",
+                     "ffconcat version 1.0\nfile '" + video.string() + "'\n");
+    std::filesystem::create_symlink(video, folder.path() / "link.wmv");
+    for (const auto& path :
+         {(folder.path() / "points_elsewhere.wmv").string(), (folder.path() / "link.wmv").string(),
+          folder.path().string() + "/", (folder.path() / "missing.wmv").string()}) {
+        player().setURL(path);
+        player().play();
+        tests::settle(100);
+        EXPECT_TRUE(idle()) << path;
+        EXPECT_TRUE(children().empty()) << path;
+    }
+}
+
+TEST_F(ReviewForm, UnloadsTheVideoBeforeWhatIsNone)
+{
+    showDialog();
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return showsRed(); }));
+    player().setURL(folder.path().string() + "/");
+    EXPECT_TRUE(idle());
+    EXPECT_TRUE(waitUntil([&] { return shown() == QColor(Qt::black); }));
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return showsRed(); }));
+}
+
+TEST_F(ReviewForm, OutlivesItsPlayer)
+{
+    showDialog();
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return showsRed(); }));
+    ASSERT_EQ(children().size(), 1U);
+    ::kill(children().front(), SIGSEGV);
+    EXPECT_TRUE(waitUntil([&] { return idle(); }));
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return showsRed(); }));
+}
+
+TEST_F(ReviewForm, OutlivesVideosThatAreCutOrDamaged)
+{
+    showDialog();
+    const auto whole = tests::readFile(video);
+    for (const std::size_t length : {std::size_t{16}, std::size_t{100}, std::size_t{700}, whole.size() / 2}) {
+        tests::writeFile(video, whole.substr(0, length));
+        playVideo();
+        tests::settle(400);
+    }
+    auto damaged = whole;
+    for (std::size_t at = 16; at < damaged.size(); at += 97)
+        damaged[at] = char(~damaged[at]);
+    tests::writeFile(video, damaged);
+    playVideo();
+    tests::settle(400);
+    tests::writeFile(video, whole);
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return showsRed(); }));
+}
+
+TEST_F(ReviewForm, WithoutItsProgram_IsIdle)
+{
+    preview_frm other(folder.path() / "no-such-program", &form);
+    other.show();
+    other.WindowsMediaPlayer1().setURL(video.string());
+    other.WindowsMediaPlayer1().play();
+    EXPECT_TRUE(waitUntil([&] { return !other.findChild<QWidget*>("player_controls")->isEnabled(); }));
+}
+
+TEST_F(ReviewForm, LetsTheVideoBeHeardWhereThereIsASoundServer)
+{
+    const tests::PrivateSoundServer sound{{tests::PrivateSoundServer::kNullSink}};
+    for (const auto& [name, value] : sound.environment())
+        ::setenv(name.c_str(), value.c_str(), 1);
+    showDialog();
+    playVideo();
+    const auto heard = [&] {
+        return tests::runToEnd({"sh", "-c", "pactl list sink-inputs short | grep -q ."},
+                               sound.environment()) == 0;
+    };
+    EXPECT_TRUE(waitUntil(heard));
+    for (const auto& [name, value] : sound.environment())
+        ::unsetenv(name.c_str());
+}
+
+/// The parts as the program joins them, on a disk of their own.
+class ReviewPartsTest : public tests::FormTest {
+  protected:
+    ReviewPartsTest()
+    {
+        workspace.makeFolders();
+        makeVideo(folder.path() / "aB3dE6gH.wmv");
+        tests::writeFile(folder.path() / "version.txt", "Version");
+        session::LibzipWriter writer;
+        for (const auto* name : {"version.txt", "aB3dE6gH.wmv"})
+            writer.AddFileToZip(folder.path() / name);
+        writer.setDestinationZipFile(container);
+        writer.Zip();
+    }
+
+    /// Opens the review, and does @p act with its form once that is there.
+    void review(const std::function<void(preview_frm&)>& act)
+    {
+        QTimer poll;
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            auto* shownForm = qobject_cast<preview_frm*>(QApplication::activeModalWidget());
+            if (shownForm == nullptr || !shownForm->isVisible())
+                return;
+            poll.stop();
+            act(*shownForm);
+            shownForm->findChild<QAbstractButton*>("Command1")->click();
+        });
+        poll.start(20);
+        parts.preview();
+    }
+    static bool plays(preview_frm& shownForm)
+    {
+        return waitUntil([&] {
+            return shownForm.findChild<QAbstractButton*>("player_play")->accessibleName() == "Pause";
+        });
+    }
+
+    std::filesystem::path container = folder.path() / "lecture.asf";
+    session::SessionFields fields{};
+    session::Workspace workspace{fields, {.appData = folder.path() / "app", .localAppData = folder.path()}};
+    tests::CallLog log{};
+    tests::FakeCommonDialog CommonDialog1{log};
+    session::LibzipReaderFactory zip{};
+    app::ReviewParts parts{{.fields = fields,
+                            .workspace = workspace,
+                            .zip = zip,
+                            .CommonDialog1 = CommonDialog1,
+                            .window = form,
+                            .playerProgram = QUILLORA_REVIEW_PLAYER}};
+};
+
+TEST_F(ReviewPartsTest, PlayWhatWasSavedLast)
+{
+    fields.asf_name_lb = container.string();
+    CommonDialog1.FileName = container.string();
+    review([&](preview_frm& shownForm) {
+        EXPECT_TRUE(shownForm.isModal());
+        EXPECT_EQ(shownForm.parentWidget(), &form);
+        EXPECT_TRUE(plays(shownForm));
+    });
+    EXPECT_TRUE(waitUntil([] { return children().empty(); }));
+    EXPECT_TRUE(std::filesystem::exists(workspace.preview() / "aB3dE6gH.wmv"));
+}
+
+TEST_F(ReviewPartsTest, OpenWithAnIdlePlayerAndPlayWhatIsChosen)
+{
+    CommonDialog1.willBeCancelled();
+    CommonDialog1.willChoose(container);
+    review([&](preview_frm& shownForm) {
+        shownForm.findChild<QAbstractButton*>("Command3")->click();
+        EXPECT_FALSE(shownForm.findChild<QWidget*>("player_controls")->isEnabled());
+        shownForm.findChild<QAbstractButton*>("Command3")->click();
+        EXPECT_TRUE(plays(shownForm));
+    });
+}
+
+TEST_F(ReviewPartsTest, BeginEachReviewWithANewPlayer)
+{
+    fields.asf_name_lb = container.string();
+    CommonDialog1.FileName = container.string();
+    review([&](preview_frm& shownForm) { EXPECT_TRUE(plays(shownForm)); });
+    fields.asf_name_lb = "no_video";
+    review([&](preview_frm& shownForm) {
+        EXPECT_FALSE(shownForm.findChild<QWidget*>("player_controls")->isEnabled());
+    });
+}
+
+} // namespace
