@@ -12,6 +12,7 @@
 #include "forms/main_toolbar.h"
 #include "forms/mode_strip.h"
 #include "forms/notes_panel.h"
+#include "forms/popup_menu.h"
 #include "forms/presenter_keys.h"
 #include "forms/screen_presence.h"
 #include "forms/stage_frame.h"
@@ -100,6 +101,9 @@ void Vantry_frm::placeParts()
     m_image3->setToolTip(tr("Choose the microphone and set its level"));
     m_image3->setGeometry(pixels(kImage3Left), pixels(kImage3Top), pixels(kImage3Size), pixels(kImage3Size));
 
+    // The stage comes last, where one step back from the toolbar reaches it.
+    setTabOrder(m_image3, m_stage);
+
     m_statusBar = new StatusBar(this);
     m_statusBar->setGeometry(0, kFormSize.height() - kStatusBarHeight, kFormSize.width(), kStatusBarHeight);
     m_taskPane->setGeometry(0, m_stage->y(), pixels(kTaskPaneWidth), m_statusBar->y() - m_stage->y());
@@ -164,6 +168,9 @@ void Vantry_frm::forwardEvents()
             &Vantry_frm::navigation_TB_ButtonClick);
 
     connect(m_image3, &CommandButton::clicked, this, &Vantry_frm::Image3_Click);
+
+    auto* popup = new PopupMenu(this);
+    connect(popup, &PopupMenu::record_Click, this, &Vantry_frm::record_Click);
 
     auto* keys = new PresenterKeys(this);
     connect(keys, &PresenterKeys::navigate, this, &Vantry_frm::navigation_TB_ButtonClick);

@@ -91,6 +91,31 @@ TEST_F(HotKey, OfASecondCopyOfTheProgramIsMissingWithoutAWord)
     EXPECT_TRUE(boxes.shown.empty());
 }
 
+TEST_F(HotKey, ThatCouldNotBeHadIsAShortcutOfTheWindowWithoutUse)
+{
+    ASSERT_TRUE(shown);
+    type("ctrl+r");
+    ASSERT_TRUE(tests::waitUntil([&] { return !boxes.shown.empty(); }));
+    EXPECT_EQ(boxes.shown.front().text, "record...");
+    EXPECT_EQ(boxes.shown.front().icon, base::BoxIcon::none);
+    EXPECT_EQ(boxes.shown.front().title, "");
+    type("ctrl+p");
+    type("ctrl+s");
+    tests::settle();
+    EXPECT_EQ(boxes.shown.size(), 1U);
+    EXPECT_EQ(returns, 0);
+}
+
+TEST_F(HotKey, LeavesTheShortcutOfTheWindowNothing)
+{
+    ASSERT_TRUE(shown);
+    hotKey.ActivateHotKey();
+    type("ctrl+r");
+    ASSERT_TRUE(returned());
+    tests::settle();
+    EXPECT_TRUE(boxes.shown.empty());
+}
+
 TEST_F(HotKey, IsGivenBackAtTheEnd)
 {
     {

@@ -111,5 +111,5 @@ TEST_F(PresenterKeysTest, WalkByTabFromTheToolbarOverTheSlidesToTheStage)
         "pens_TB_blue pens_TB_red pens_TB_eraser navigation_TB_first navigation_TB_pre "
         "navigation_TB_next navigation_TB_last Option13 Command10 Option10 ebDemo_help_header ebDemo_about "
         "ebDemo_onlinesupport "
-        "Picture1");
+        "Image3 Picture1");
 }

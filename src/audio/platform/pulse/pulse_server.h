@@ -16,7 +16,7 @@ namespace quillora::audio {
 /// again. For the one thread of forms and logic.
 class PulseServer : public SoundInputs {
   public:
-    static constexpr std::chrono::milliseconds kPatience{700};
+    static constexpr std::chrono::milliseconds kPatience{1000};
     static constexpr std::chrono::milliseconds kRest{1000};
 
     /// @p server is PULSE_SERVER's syntax; without it the user's server.
