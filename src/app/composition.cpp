@@ -1,5 +1,6 @@
 #include "app/composition.h"
 
+#include "app/camera_parts.h"
 #include "app/capture_options_parts.h"
 #include "app/drawing_parts.h"
 #include "app/hot_key_parts.h"
@@ -22,6 +23,7 @@
 #include "deck/slide_pen.h"
 #include "deck/slide_viewer.h"
 #include "deck/task_pane.h"
+#include "forms/camera_settings_form.h"
 #include "forms/drawing_palette.h"
 #include "forms/paint_canvas_widget.h"
 #include "forms/platform/x11/x11_window_hints.h"
@@ -45,23 +47,15 @@
 #include "session/recording_session.h"
 #include "session/slide_time_index.h"
 #include "session/workspace.h"
-#include "stage/camera_connection.h"
+#include "stage/newest_frame.h"
+#include "stage/platform/v4l2/v4l2_video_cap.h"
 #include "stage/slide_place.h"
 
 #include <QObject>
 
 namespace quillora::app {
-namespace {
 
 using namespace std::chrono_literals;
-
-/// The camera before there is one.
-class NoCamera : public stage::CameraConnection {
-  public:
-    bool connected() const override { return false; }
-};
-
-} // namespace
 
 /// What touches the world outside: forms, adapters, clocks.
 struct Composition::Platform {
@@ -78,9 +72,14 @@ struct Composition::Platform {
     session::ReplacingFileCopier copier;
     session::PulseBeeper beeper;
     deck::libreoffice::LibreOfficeConverter converter;
-    NoCamera camera;
     forms::X11WindowHints windowHints;
+    // The window looks at the pictures until it is gone, and the camera makes none for a window that is.
+    stage::NewestFrame cameraFrames;
     forms::Vantry_frm window{windowHints};
+    forms::CameraSettingsForm cameraSettings{window};
+    stage::V4l2VideoCap camera{{.frames = cameraFrames,
+                                .dialog = cameraSettings,
+                                .patience = {.letEventsThrough = [this] { window.processPendingEvents(); }}}};
     forms::QtMessageBoxes boxes{window};
     MessageParts messages{boxes};
     forms::QtCommonDialog CommonDialog1{window};
@@ -192,6 +191,12 @@ struct Composition::Logic {
                  .documents = files.assets}),
           drawing({platform.window.Picture1().picPaint(), platform.window.Picture2(), platform.window},
                   files.assets),
+          camera({.window = platform.window,
+                  .fields = fields,
+                  .camera = platform.camera,
+                  .frames = platform.cameraFrames,
+                  .layout = stage.layout(),
+                  .commands = stage.commands()}),
           open({.fields = fields,
                 .window = platform.window,
                 .deck = import,
@@ -212,7 +217,8 @@ struct Composition::Logic {
                     .pane = ebDemo,
                     .browsers = web.startPages(),
                     .Timer1 = web.Timer1(),
-                    .ActivateHotKey = [this] { hotKey.ActivateHotKey(); }})
+                    .ActivateHotKey = [this] { hotKey.ActivateHotKey(); },
+                    .camera = camera.cameraSwitch()})
     {}
 
     session::SessionFields fields;
@@ -242,6 +248,7 @@ struct Composition::Logic {
     WebParts web;
     LinksParts links;
     DrawingParts drawing;
+    CameraParts camera;
     session::OpenCommand open;
     session::CommandSurface commands;
     HotKeyParts hotKey;
@@ -256,7 +263,7 @@ Composition::Composition(const InstalledFiles& files, const session::UserFolders
     connectForm();
 }
 
-Composition::~Composition() = default;
+Composition::~Composition() { m_logic->mainForm.Form_Terminate(); }
 
 void Composition::provideOperations()
 {

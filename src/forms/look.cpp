@@ -40,6 +40,9 @@ QPalette lightPalette()
     palette.setColor(QPalette::Link, colours::kAccent);
     palette.setColor(QPalette::ToolTipBase, colours::kSurface);
     palette.setColor(QPalette::ToolTipText, colours::kText);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, colours::kDisabledText);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, colours::kLine);
     return palette;
 }
 

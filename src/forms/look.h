@@ -18,6 +18,7 @@ inline constexpr QColor kSurface{0xFF, 0xFF, 0xFF};
 inline constexpr QColor kLine{0xD3, 0xD9, 0xE1};
 inline constexpr QColor kText{0x1E, 0x29, 0x36};
 inline constexpr QColor kMutedText{0x55, 0x61, 0x70};
+inline constexpr QColor kDisabledText{0x9A, 0xA4, 0xB0};
 inline constexpr QColor kAccent{0x1F, 0x62, 0xC4};
 } // namespace colours
 

@@ -2,6 +2,7 @@
 
 #include "forms/backdrop_widget.h"
 #include "forms/camera_off_picture.h"
+#include "forms/camera_preview.h"
 #include "forms/image_surface_widget.h"
 #include "forms/look.h"
 #include "forms/paint_canvas_widget.h"
@@ -107,11 +108,8 @@ void StageWidget::makeMedia()
 
 void StageWidget::makeCamera()
 {
-    m_camera = named(new QWidget(this), "VideoCap1_back", tr("Camera"));
-    QPalette black = m_camera->palette();
-    black.setColor(QPalette::Window, Qt::black);
-    m_camera->setPalette(black);
-    m_camera->setAutoFillBackground(true);
+    m_camera = new CameraPreview(this);
+    named(m_camera, "VideoCap1_back", tr("Camera"));
     m_cameraOff = new CameraOffPicture("cam_icon_trans", this);
     m_cameraOffSmall = new CameraOffPicture("cam_icon_trans_s", this);
 }

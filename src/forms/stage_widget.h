@@ -13,6 +13,7 @@ struct StageSurfaces;
 namespace quillora::forms {
 
 class BackdropWidget;
+class CameraPreview;
 class ImageSurfaceWidget;
 class PaintCanvasWidget;
 class WebBrowserWidget;
@@ -34,6 +35,7 @@ class StageWidget : public QWidget {
     WebBrowserWidget& WebBrowser1() { return *m_WebBrowser1; }
     WebBrowserWidget& WebBrowser2() { return *m_WebBrowser2; }
     PaintCanvasWidget& picPaint() { return *m_picPaint; }
+    CameraPreview& VideoCap1_back() { return *m_camera; }
 
     void setChangeBackVisible(bool visible);
 
@@ -56,7 +58,7 @@ class StageWidget : public QWidget {
     QWidget* m_textBoard;
     QWidget* m_slideBack;
     ImageSurfaceWidget* m_slide;
-    QWidget* m_camera;
+    CameraPreview* m_camera;
     QWidget* m_cameraOff;
     QWidget* m_cameraOffSmall;
     std::unique_ptr<Places> m_places;

@@ -1,6 +1,7 @@
 #include "forms/vantry_frm.h"
 
 #include "base/rounding.h"
+#include "forms/camera_panel.h"
 #include "forms/command_button.h"
 #include "forms/corner_buttons.h"
 #include "forms/countdown_picture.h"
@@ -153,7 +154,9 @@ void Vantry_frm::makePanels()
     m_taskPane->keep(m_webPanel);
     m_videoPanel = new VideoPanelWidget(this);
     m_taskPane->keep(m_videoPanel);
-    for (const char* name : {"PicDraw1", "textBoard_pic"}) {
+    m_cameraPanel = new CameraPanel(this);
+    m_taskPane->keep(m_cameraPanel);
+    for (const char* name : {"textBoard_pic"}) {
         auto* panel = new QWidget(this);
         panel->setObjectName(name);
         panel->setAccessibleName(tr("Panel"));

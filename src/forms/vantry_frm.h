@@ -18,6 +18,7 @@ struct StageSurfaces;
 
 namespace quillora::forms {
 
+class CameraPanel;
 class CommandButton;
 class CornerButtons;
 class CountdownPicture;
@@ -64,6 +65,8 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     TaskPaneWidget& ebDemo() { return *m_taskPane; }
     WebPanelWidget& PicWeb() { return *m_webPanel; }
     VideoPanelWidget& yt_pic() { return *m_videoPanel; }
+    /// The camera's panel in it.
+    CameraPanel& PicDraw1() { return *m_cameraPanel; }
 
     void center_form() override;
     void setCaption(const std::string& text) override;
@@ -123,6 +126,7 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     WebPanelWidget* m_webPanel;
     VideoPanelWidget* m_videoPanel;
     DrawingPalette* m_drawingPalette;
+    CameraPanel* m_cameraPanel;
     StageWidget* m_stage;
     StageFrame* m_shape;
     TaskPaneWidget* m_taskPane;

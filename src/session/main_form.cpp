@@ -22,7 +22,12 @@ void MainForm::Form_Load()
 void MainForm::Form_Unload()
 {
     // The window closes whatever the stop runs into: a presenter whose disk is full must still get out.
-    base::skipFailures([&] { m_ports.session.toolbar_stop(); });
+    base::skipFailures([&] { m_ports.session.toolbar_stop(); }, [&] { m_ports.camera.CloseCam(); });
+}
+
+void MainForm::Form_Terminate()
+{
+    base::skipFailures([&] { m_ports.camera.CloseCam(); });
 }
 
 } // namespace quillora::session

@@ -2,6 +2,7 @@
 
 #include "base/timer.h"
 #include "session/browser_start.h"
+#include "session/camera_switch.h"
 #include "session/main_window.h"
 #include "session/recording_session.h"
 #include "session/session_fields.h"
@@ -29,6 +30,7 @@ class MainForm {
         base::Timer& Timer1;
         /// Makes the hot key of the desktop.
         std::function<void()> ActivateHotKey;
+        CameraSwitch& camera;
     };
     /// What the ports refer to must outlive this object.
     explicit MainForm(Ports ports) : m_ports(std::move(ports)) {}
@@ -36,9 +38,11 @@ class MainForm {
     /// Builds the short task pane, makes the hot key, makes and empties the Workspace and shows the first
     /// picture, and sends the browsers to their pages. Skips what fails. The widgets must exist.
     void Form_Load();
-    /// Runs the whole stop, with its save, when a recording is on; what is paused is given up. The caller
-    /// ends the process afterwards. Never throws.
+    /// Runs the whole stop, with its save, when a recording is on; what is paused is given up. Then closes
+    /// the camera. The caller ends the process afterwards. Never throws.
     void Form_Unload();
+    /// The end of the form without a window to close, such as at the end of the desktop's session.
+    void Form_Terminate();
 
   private:
     Ports m_ports;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "stage/camera_connection.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -23,12 +25,10 @@ inline constexpr int kVideoControlCount = 3;
 /// The camera behind the surface `VideoCap1_back`: it finds devices, opens one, shows its live picture in the
 /// surface, and sets the device's picture controls. It takes no part in the recording, which films the
 /// screen. Called on the thread of forms and logic; failures are std::runtime_error.
-class VideoCapX {
+class VideoCapX : public CameraConnection {
   public:
-    virtual ~VideoCapX() = default;
-
     /// Whether a device is open. Becomes false by itself when the device is unplugged.
-    virtual bool connected() const = 0;
+    bool connected() const override = 0;
     /// Opens or closes the device that the device index names. Opening fails when there is no such device,
     /// when another program holds it, and when it does not answer in time; closing never fails.
     virtual void setConnected(bool connected) = 0;

@@ -18,6 +18,7 @@
 #include "stage/stage_layout.h"
 #include "tests/support/fake_beeper.h"
 #include "tests/support/fake_camera_connection.h"
+#include "tests/support/fake_camera_switch.h"
 #include "tests/support/fake_capture_engine.h"
 #include "tests/support/fake_capture_options_form.h"
 #include "tests/support/fake_clock.h"
@@ -118,8 +119,9 @@ class LectureWorld : public testing::Test {
     session::OpenCommand open{{fields, window, deckImport, media, layout, ebDemo}};
     session::CommandSurface commands{{fields, window, boxes, ebDemo, operations}};
     panels::StartPages startPages{{WebBrowser1, WebBrowser2, Timer1}};
+    FakeCameraSwitch cameraSwitch{log};
     session::MainForm mainForm{{fields, window, viewer, workspace, session, ebDemo, startPages, Timer1,
-                                [this] { log.add("ActivateHotKey"); }}};
+                                [this] { log.add("ActivateHotKey"); }, cameraSwitch}};
 
     LectureWorld()
     {

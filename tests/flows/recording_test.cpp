@@ -300,7 +300,7 @@ TEST_F(Recording, Closing_WhilePaused_SavesNothing)
     press("pause");
     log.clear();
     mainForm.Form_Unload();
-    EXPECT_EQ(log.calls, Calls{});
+    EXPECT_EQ(log.calls, Calls{"CloseCam"});
     EXPECT_TRUE(std::filesystem::is_empty(documents));
 }
 
@@ -315,12 +315,31 @@ TEST_F(Recording, Closing_WhilePaused_LeavesAVideoThatTheNextStartRemoves)
     EXPECT_FALSE(std::filesystem::exists(fields.TempVidFile_txt));
 }
 
-TEST_F(Recording, Closing_WithNothingRecorded_DoesNothing)
+TEST_F(Recording, Closing_WithNothingRecorded_ClosesTheCameraOnly)
 {
     openDeck();
     log.clear();
     mainForm.Form_Unload();
-    EXPECT_EQ(log.calls, Calls{});
+    EXPECT_EQ(log.calls, Calls{"CloseCam"});
+}
+
+TEST_F(Recording, Closing_ClosesTheCameraAfterTheSave)
+{
+    openDeck();
+    startRecording();
+    CommonDialog1.willChoose(documents / "lecture.asf");
+    log.clear();
+    mainForm.Form_Unload();
+    EXPECT_EQ(log.count("CloseCam"), 1);
+    EXPECT_EQ(log.calls.back(), "CloseCam");
+    EXPECT_TRUE(std::filesystem::exists(documents / "lecture.asf"));
+}
+
+TEST_F(Recording, TheEndOfTheFormWithoutAWindowToCloseClosesTheCamera)
+{
+    log.clear();
+    mainForm.Form_Terminate();
+    EXPECT_EQ(log.calls, Calls{"CloseCam"});
 }
 
 TEST_F(Recording, Closing_WithAnIndexThatCannotBeWritten_StillComesToItsEnd)

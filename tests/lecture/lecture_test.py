@@ -12,6 +12,8 @@ import sys
 import unittest
 import zipfile
 
+from PIL import Image
+
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools" / "lecture"))
 
@@ -21,6 +23,7 @@ from desktop import Desktop  # noqa: E402
 from judge import judge  # noqa: E402
 from presenter import FILTER_VIDEO, NO_DECK_BOX, NOT_SAVED_BOX, SAVED_BOX, Presenter  # noqa: E402
 from processes import run_to_end, wait_until  # noqa: E402
+from window import BUTTON_ROLES  # noqa: E402
 
 PROGRAM = pathlib.Path(os.environ.get("QUILLORA_PROGRAM", ROOT / "build" / "install" / "bin" / "quillora"))
 DECK = ROOT / "assets" / "sample_lecture.pptx"
@@ -198,6 +201,77 @@ class Quitting(LectureTest):
         times = run_to_end(["ffprobe", "-v", "error", "-select_streams", "v", "-show_entries", "packet=pts_time",
                             "-of", "csv=p=0", str(video)]).decode().replace(",", " ").split()
         self.assertGreater(float(times[-1]), presenter.notes.recorded()[0] - 2.2)
+
+
+class Camera(LectureTest):
+    """With cameras that are not there; see tests/support/fake_camera/fake_camera.cpp."""
+
+    RED, GREEN, BLUE, WHITE, WALL = (255, 0, 0), (0, 255, 0), (0, 0, 255), (255, 255, 255), (38, 120, 128)
+
+    def desktop(self, **options):
+        desktop = super().desktop(**options)
+        self.script = desktop.folder / "cameras"
+        self.script.mkdir()
+        desktop.environment.update(QUILLORA_FAKE_CAMERAS=str(self.script), LD_PRELOAD=os.environ["QUILLORA_FAKE_CAMERA"])
+        return desktop
+
+    def stage(self, presenter):
+        """What the stage shows."""
+        window = presenter.window
+        path = presenter.desktop.folder / "stage.png"
+        presenter.desktop.picture(path, window.area(window.find("Stage")))
+        with Image.open(path) as picture:
+            return picture.convert("RGB")
+
+    def wait_for_colours(self, presenter, colours):
+        """Waits until the stage has these colours at these places."""
+        def there():
+            picture = self.stage(presenter)
+            return all(max(abs(a - b) for a, b in zip(picture.getpixel(place), colour)) < 30
+                       for place, colour in colours.items())
+        wait_until(there, 20, f"{colours} on the stage")
+
+    def test_the_picture_on_the_stage_is_recorded(self):
+        desktop = self.desktop()
+        presenter = self.presenter(desktop)
+        presenter.window.press("Switch the camera on")
+        whole = {(110, 20): self.RED, (640, 20): self.GREEN, (110, 400): self.BLUE, (640, 400): self.WHITE,
+                 (373, 20): self.WALL, (40, 210): (0, 0, 0)}
+        self.wait_for_colours(presenter, whole)
+        presenter.record()
+        presenter.wait(3)
+        video, frame = desktop.folder / "lecture.wmv", desktop.folder / "recorded.png"
+        self.save(presenter, presenter.stop(), video, FILTER_VIDEO)
+        run_to_end(["ffmpeg", "-v", "error", "-y", "-ss", "1", "-i", str(video), "-frames:v", "1", str(frame)], seconds=60)
+        with Image.open(frame) as picture:
+            for place, colour in whole.items():
+                got = picture.convert("RGB").getpixel(place)
+                self.assertLess(max(abs(a - b) for a, b in zip(got, colour)), 40, f"at {place}: {got}")
+
+    def test_a_camera_that_is_unplugged_does_not_disturb_the_recording(self):
+        desktop = self.desktop()
+        presenter = self.presenter(desktop)
+        presenter.window.press("Switch the camera on")
+        self.wait_for_colours(presenter, {(373, 20): self.WALL})
+        presenter.record()
+        presenter.wait(2)
+        (self.script / "video0").write_text("unplugged")
+        self.wait_for_colours(presenter, {(373, 20): (0, 0, 0)})
+        presenter.window.press("Slides", roles=BUTTON_ROLES)
+        presenter.wait(2)
+        out = desktop.folder / "lecture.asf"
+        self.save(presenter, presenter.stop(), out)
+        self.assert_length(Streams(Container(out, desktop.folder / "unpacked").video), presenter)
+        self.assertEqual(presenter.leave(), 0)
+
+    def test_a_camera_that_hangs_leaves_a_window_that_answers(self):
+        desktop = self.desktop()
+        (self.script / "video0").write_text("stalled-start")
+        presenter = self.presenter(desktop)
+        presenter.window.press("Switch the camera on")
+        # It stays where it was, black, and the presenter goes on.
+        self.assertEqual(presenter.move("next"), 2)
+        self.assertEqual(presenter.leave(), 0)
 
 
 class PoorMachine(LectureTest):

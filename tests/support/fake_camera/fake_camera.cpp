@@ -28,7 +28,9 @@
 #include <string_view>
 #include <sys/ioctl.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/sysmacros.h>
 #include <time.h>
 #include <unistd.h>
 
@@ -141,7 +143,7 @@ bool isVideoNode(const char* path)
 int openAs(const char* symbol, const char* path, int flags, mode_t mode)
 {
     if (auto* device = deviceAt(path))
-        return device->open();
+        return device->open(flags);
     return next<int (*)(const char*, int, ...)>(symbol)(path, flags, mode);
 }
 
@@ -157,6 +159,29 @@ void* mapAs(const char* symbol, void* start, std::size_t length, int protection,
         descriptor = device->memory();
     return next<void* (*)(void*, std::size_t, int, int, int, off_t)>(symbol)(start, length, protection, flags,
                                                                              descriptor, offset);
+}
+
+/// A node of the video devices, as its status says it.
+int describe(const FakeDevice& device, struct stat& status)
+{
+    status = {};
+    status.st_mode = S_IFCHR | 0660;
+    status.st_rdev = makedev(81, unsigned(device.name().back() - '0'));
+    return 0;
+}
+
+int statusAs(const char* symbol, const char* path, struct stat& status)
+{
+    if (const auto* device = deviceAt(path))
+        return describe(*device, status);
+    return next<int (*)(const char*, struct stat*)>(symbol)(path, &status);
+}
+
+int statusAs(const char* symbol, int descriptor, struct stat& status)
+{
+    if (const auto* device = deviceOf(descriptor))
+        return describe(*device, status);
+    return next<int (*)(int, struct stat*)>(symbol)(descriptor, &status);
 }
 
 /// What a poll says of a fake device, in place of what its timer says.
@@ -211,6 +236,36 @@ __attribute__((visibility("default"))) int access(const char* path, int mode) no
     }
     static const auto real = next<int (*)(const char*, int)>("access");
     return real(path, mode);
+}
+
+__attribute__((visibility("default"))) int stat(const char* path, struct stat* status) noexcept
+{
+    return statusAs("stat", path, *status);
+}
+
+__attribute__((visibility("default"))) int stat64(const char* path, struct stat64* status) noexcept
+{
+    return statusAs("stat64", path, *reinterpret_cast<struct stat*>(status));
+}
+
+__attribute__((visibility("default"))) int fstat(int descriptor, struct stat* status) noexcept
+{
+    return statusAs("fstat", descriptor, *status);
+}
+
+__attribute__((visibility("default"))) int fstat64(int descriptor, struct stat64* status) noexcept
+{
+    return statusAs("fstat64", descriptor, *reinterpret_cast<struct stat*>(status));
+}
+
+__attribute__((visibility("default"))) int dup(int descriptor) noexcept
+{
+    static const auto real = next<int (*)(int)>("dup");
+    const int second = real(descriptor);
+    auto* device = deviceOf(descriptor);
+    if (device != nullptr && second >= 0)
+        device->adopt(second);
+    return second;
 }
 
 __attribute__((visibility("default"))) int close(int descriptor)

@@ -4,10 +4,12 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <fstream>
 #include <map>
 #include <sys/mman.h>
 #include <sys/timerfd.h>
+#include <time.h>
 #include <unistd.h>
 #include <utility>
 
@@ -85,14 +87,15 @@ void FakeDevice::write(const std::string& line) const
         std::ofstream(std::string(folder) + "/" + m_name + ".log", std::ios::app) << line << '\n';
 }
 
-int FakeDevice::open()
+int FakeDevice::open(int flags)
 {
     stallWhile(State::stalledOpen);
     const State now = state();
     if (now == State::absent || now == State::unplugged)
         return refuse(ENOENT);
     // A timer that rings with each picture: a program can wait for it as it would for a camera.
-    const int descriptor = ::timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC);
+    const int descriptor =
+        ::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | (flags & O_NONBLOCK ? TFD_NONBLOCK : 0));
     const std::lock_guard lock(m_mutex);
     if (descriptor >= 0) {
         m_descriptors.push_back(descriptor);
@@ -105,6 +108,12 @@ bool FakeDevice::owns(int descriptor)
 {
     const std::lock_guard lock(m_mutex);
     return std::ranges::find(m_descriptors, descriptor) != m_descriptors.end();
+}
+
+void FakeDevice::adopt(int descriptor)
+{
+    const std::lock_guard lock(m_mutex);
+    m_descriptors.push_back(descriptor);
 }
 
 void FakeDevice::close(int descriptor)
@@ -133,14 +142,27 @@ int FakeDevice::request(int descriptor, unsigned long code, void* argument)
             V4L2_CAP_DEVICE_CAPS | V4L2_CAP_STREAMING | V4L2_CAP_META_CAPTURE | V4L2_CAP_VIDEO_CAPTURE;
         return 0;
     }
+    case VIDIOC_G_INPUT:
+        *static_cast<int*>(argument) = 0;
+        return 0;
     case VIDIOC_S_INPUT:
         return *static_cast<int*>(argument) == 0 ? 0 : refuse(EINVAL);
+    case VIDIOC_ENUMINPUT: {
+        auto& input = *static_cast<v4l2_input*>(argument);
+        if (input.index > 0)
+            return refuse(EINVAL);
+        input = {};
+        copyText(input.name, "Camera 1");
+        input.type = V4L2_INPUT_TYPE_CAMERA;
+        return 0;
+    }
     case VIDIOC_ENUM_FMT:
     case VIDIOC_ENUM_FRAMESIZES:
     case VIDIOC_ENUM_FRAMEINTERVALS:
     case VIDIOC_G_FMT:
     case VIDIOC_TRY_FMT:
     case VIDIOC_S_FMT:
+    case VIDIOC_G_PARM:
     case VIDIOC_S_PARM:
         return requestFormat(code, argument);
     case VIDIOC_QUERYCTRL:
@@ -202,7 +224,9 @@ int FakeDevice::requestFormat(unsigned long code, void* argument)
         interval.discrete = {1, 30};
         return 0;
     }
+    case VIDIOC_G_PARM:
     case VIDIOC_S_PARM:
+        static_cast<v4l2_streamparm*>(argument)->parm.capture.capability = V4L2_CAP_TIMEPERFRAME;
         static_cast<v4l2_streamparm*>(argument)->parm.capture.timeperframe = {1, 30};
         return 0;
     default: {
@@ -300,12 +324,20 @@ void FakeDevice::describe(v4l2_buffer& buffer) const
     buffer.m.offset = buffer.index * kBufferSpace;
     buffer.field = V4L2_FIELD_NONE;
     buffer.sequence = m_sequence;
+    timespec now{};
+    ::clock_gettime(CLOCK_MONOTONIC, &now);
+    buffer.timestamp = {now.tv_sec, now.tv_nsec / 1000};
+    buffer.flags = V4L2_BUF_FLAG_TIMESTAMP_MONOTONIC;
 }
 
 int FakeDevice::dequeue(int descriptor, v4l2_buffer& buffer)
 {
+    // Without the lock: a program that waits for a picture here may be told to stop by another thread.
     std::uint64_t rings = 0;
-    if (m_queue.empty() || ::read(descriptor, &rings, sizeof rings) != sizeof rings)
+    if (::read(descriptor, &rings, sizeof rings) != sizeof rings)
+        return refuse(EAGAIN);
+    const std::lock_guard lock(m_mutex);
+    if (m_queue.empty())
         return refuse(EAGAIN);
     buffer.index = m_queue.front();
     m_queue.pop_front();
@@ -320,8 +352,10 @@ int FakeDevice::requestStream(int descriptor, unsigned long code, void* argument
         return refuse(EINVAL);
     if (code == VIDIOC_STREAMON)
         stallWhile(State::stalledStart);
-    const std::lock_guard lock(m_mutex);
     auto& buffer = *static_cast<v4l2_buffer*>(argument);
+    if (code == VIDIOC_DQBUF)
+        return dequeue(descriptor, buffer);
+    const std::lock_guard lock(m_mutex);
     const bool names = code == VIDIOC_QUERYBUF || code == VIDIOC_QBUF;
     if (names && buffer.index >= m_lengths.size())
         return refuse(EINVAL);
@@ -340,8 +374,6 @@ int FakeDevice::requestStream(int descriptor, unsigned long code, void* argument
     case VIDIOC_QBUF:
         m_queue.push_back(buffer.index);
         return 0;
-    case VIDIOC_DQBUF:
-        return dequeue(descriptor, buffer);
     case VIDIOC_STREAMON:
         m_streaming = descriptor;
         setTimer(descriptor, kPictureNanoseconds);

@@ -47,9 +47,11 @@ class FakeDevice {
     const std::string& name() const { return m_name; }
     State state() const;
 
-    /// A descriptor, or -1 with errno.
-    int open();
+    /// A descriptor, or -1 with errno. @p flags as the system call has them.
+    int open(int flags);
     bool owns(int descriptor);
+    /// @p descriptor is a second one of the same opening.
+    void adopt(int descriptor);
     void close(int descriptor);
     int request(int descriptor, unsigned long code, void* argument);
     /// Memory of buffer pictures, to be mapped at the offset that the device named.
@@ -76,6 +78,7 @@ class FakeDevice {
     std::vector<int> m_descriptors{};
     int m_streaming = -1;
     int m_memory = -1;
+    std::vector<std::vector<std::uint8_t>> m_pictures{};
     std::vector<std::uint32_t> m_lengths{};
     std::deque<std::uint32_t> m_queue{};
     std::uint32_t m_sequence = 0;

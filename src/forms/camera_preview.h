@@ -1,0 +1,35 @@
+#pragma once
+
+#include "stage/newest_frame.h"
+
+#include <QWidget>
+
+namespace quillora::forms {
+
+/// `VideoCap1_back`, the surface that shows the live picture of the camera; black while there is none. The
+/// whole picture is shown in its own shape, in the middle: cut to the surface it could lose what a presenter
+/// holds up to the camera, and stretched it would make faces wide.
+class CameraPreview : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit CameraPreview(QWidget* parent);
+
+    /// From now on the pictures of @p frames are shown, which must outlive the widget. Once at most.
+    void showPicturesOf(stage::NewestFrame& frames);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+  private:
+    void takeNewest();
+    /// Where the picture stands, in pixels of the form.
+    QRect place() const;
+
+    stage::NewestFrame* m_frames = nullptr;
+    stage::CameraFrame m_frame{};
+};
+
+} // namespace quillora::forms
