@@ -23,7 +23,6 @@ from desktop import Desktop  # noqa: E402
 from judge import judge  # noqa: E402
 from presenter import FILTER_VIDEO, NO_DECK_BOX, NOT_SAVED_BOX, SAVED_BOX, Presenter  # noqa: E402
 from processes import run_to_end, wait_until  # noqa: E402
-from window import BUTTON_ROLES  # noqa: E402
 
 PROGRAM = pathlib.Path(os.environ.get("QUILLORA_PROGRAM", ROOT / "build" / "install" / "bin" / "quillora"))
 DECK = ROOT / "assets" / "sample_lecture.pptx"
@@ -231,22 +230,30 @@ class Camera(LectureTest):
                        for place, colour in colours.items())
         wait_until(there, 20, f"{colours} on the stage")
 
-    def test_the_picture_on_the_stage_is_recorded(self):
+    def test_the_picture_fills_the_stage_and_a_corner_of_it_and_is_recorded(self):
         desktop = self.desktop()
         presenter = self.presenter(desktop)
+        presenter.window.press("Camera alone")
         presenter.window.press("Switch the camera on")
         whole = {(110, 20): self.RED, (640, 20): self.GREEN, (110, 400): self.BLUE, (640, 400): self.WHITE,
                  (373, 20): self.WALL, (40, 210): (0, 0, 0)}
         self.wait_for_colours(presenter, whole)
         presenter.record()
-        presenter.wait(3)
-        video, frame = desktop.folder / "lecture.wmv", desktop.folder / "recorded.png"
-        self.save(presenter, presenter.stop(), video, FILTER_VIDEO)
-        run_to_end(["ffmpeg", "-v", "error", "-y", "-ss", "1", "-i", str(video), "-frames:v", "1", str(frame)], seconds=60)
-        with Image.open(frame) as picture:
-            for place, colour in whole.items():
-                got = picture.convert("RGB").getpixel(place)
-                self.assertLess(max(abs(a - b) for a, b in zip(got, colour)), 40, f"at {place}: {got}")
+        presenter.wait(2)
+        presenter.window.press("Camera in the top left corner")
+        corner = {(15, 15): self.RED, (171, 15): self.GREEN, (15, 128): self.BLUE, (171, 128): self.WHITE}
+        self.wait_for_colours(presenter, corner)
+        presenter.wait(2)
+        self.save(presenter, presenter.stop(), desktop.folder / "lecture.wmv", FILTER_VIDEO)
+        frames = [desktop.folder / f"recorded {name}.png" for name in ("first", "last")]
+        for options, frame in zip((["-ss", "1"], ["-sseof", "-1"]), frames):
+            run_to_end(["ffmpeg", "-v", "error", "-y", *options, "-i", str(desktop.folder / "lecture.wmv"), "-frames:v", "1",
+                        str(frame)], seconds=60)
+        for colours, frame in zip((whole, corner), frames):
+            with Image.open(frame) as picture:
+                for place, colour in colours.items():
+                    got = picture.convert("RGB").getpixel(place)
+                    self.assertLess(max(abs(a - b) for a, b in zip(got, colour)), 40, f"{frame.name} at {place}: {got}")
 
     def test_a_camera_that_is_unplugged_does_not_disturb_the_recording(self):
         desktop = self.desktop()
@@ -257,7 +264,7 @@ class Camera(LectureTest):
         presenter.wait(2)
         (self.script / "video0").write_text("unplugged")
         self.wait_for_colours(presenter, {(373, 20): (0, 0, 0)})
-        presenter.window.press("Slides", roles=BUTTON_ROLES)
+        presenter.move("next")
         presenter.wait(2)
         out = desktop.folder / "lecture.asf"
         self.save(presenter, presenter.stop(), out)
