@@ -56,7 +56,9 @@ TaskPaneBar::TaskPaneBar(const QString& key, const QString& caption, const QStri
 
 void TaskPaneBar::addToBody(QWidget* widget)
 {
-    m_bodyColumn->addWidget(widget);
+    // A panel of a width of its own stands in the middle.
+    const bool fills = widget->maximumWidth() == QWIDGETSIZE_MAX;
+    m_bodyColumn->addWidget(widget, 0, fills ? Qt::Alignment() : Qt::AlignHCenter);
     widget->show();
 }
 

@@ -19,6 +19,27 @@
 
 namespace quillora::tests {
 
+/// Counts what the real pointer's buttons brought to the program, whichever widget took it.
+class ButtonWatch : public QObject {
+  public:
+    ButtonWatch() { qApp->installEventFilter(this); }
+    ~ButtonWatch() override { qApp->removeEventFilter(this); }
+
+    bool eventFilter(QObject* receiver, QEvent* event) override
+    {
+        if (receiver->isWindowType() && event->spontaneous()) {
+            if (event->type() == QEvent::MouseButtonPress)
+                ++presses;
+            if (event->type() == QEvent::MouseButtonRelease)
+                ++releases;
+        }
+        return false;
+    }
+
+    int presses = 0;
+    int releases = 0;
+};
+
 /// The drawing board on the stage of the main form, with its palette in the task pane and a hand on the real
 /// pointer.
 class DrawingFormTest : public FormTest {
@@ -96,17 +117,25 @@ class DrawingFormTest : public FormTest {
         press(widget.mapToGlobal(*places.begin()));
         for (const QPoint place : places)
             hand.move(widget.mapToGlobal(place));
-        hand.release();
-        hand.done();
-        settle(100);
+        release();
     }
     /// A window manager holds the pointer back while it looks at a press; no hand is as fast as this one.
     void press(QPoint screen)
     {
+        const int before = buttons.presses;
         hand.move(screen);
         hand.press();
         hand.done();
-        settle(50);
+        EXPECT_TRUE(waitUntil([&] { return buttons.presses > before; }));
+        settle(20);
+    }
+    void release()
+    {
+        const int before = buttons.releases;
+        hand.release();
+        hand.done();
+        EXPECT_TRUE(waitUntil([&] { return buttons.releases > before; }));
+        settle(20);
     }
     void click(QPoint place) { drag({place}); }
     /// Long enough after the last press not to be the second of a double click.
@@ -124,6 +153,7 @@ class DrawingFormTest : public FormTest {
     }
 
     X11Hand hand;
+    ButtonWatch buttons;
     forms::PaintCanvasWidget& picPaint = form.Picture1().picPaint();
     forms::DrawingPalette& Picture2 = form.Picture2();
     app::DrawingParts parts;

@@ -20,7 +20,7 @@ from desktop import Desktop
 from processes import Failure, run_to_end, wait_until
 from window import Window
 
-INSTALLED_PROGRAM = pathlib.Path(__file__).resolve().parents[2] / "build" / "dev" / "src" / "app" / "quillora"
+INSTALLED_PROGRAM = pathlib.Path(__file__).resolve().parents[2] / "build" / "install" / "bin" / "quillora"
 # Longer than two presses of a double click are apart.
 APART = 0.5
 
