@@ -6,7 +6,6 @@ service's, and keeps a picture of each state that the guide shows. Nothing is re
 """
 import argparse
 import http.server
-import os
 import pathlib
 import sys
 import threading
@@ -15,8 +14,11 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "tools" / "lecture"))
 from desktop import Desktop  # noqa: E402
 from presenter import Presenter  # noqa: E402
+from processes import run_to_end  # noqa: E402
 
 SERVICE_PORT = 8480
+# The stage's corner in the window.
+STAGE = (264, 43)
 PAGE = """<!doctype html><title>Leaves</title>
 <body style="font:17px/1.5 'Liberation Sans';color:#1e2936;margin:28px 40px;background:#fff">
 <h1 style="color:#2b7a3d;margin:0 0 .3em">Why leaves are green</h1>
@@ -40,6 +42,18 @@ def main():
         desktop.environment["QTWEBENGINE_DISABLE_SANDBOX"] = "1"
         take_pictures(desktop, arguments)
     return 0
+
+
+def draw_curve(desktop, left, top):
+    """A parabola and its axes by the pencil, with the real pointer."""
+    left, top = left + STAGE[0], top + STAGE[1]
+    axes = [[(120, 340), (620, 340)], [(370, 40), (370, 390)]]
+    curve = [(x, 340 - (x - 370) ** 2 // 110) for x in range(200, 541, 10)]
+    for line in (*axes, curve):
+        steps = ["mousemove", left + line[0][0], top + line[0][1], "mousedown", 1]
+        for x, y in line:
+            steps += ["mousemove", left + x, top + y, "sleep", 0.03]
+        run_to_end(["xdotool", *map(str, [*steps, "mouseup", 1])], seconds=30, env=desktop.environment)
 
 
 def serve():
@@ -77,6 +91,10 @@ def take_pictures(desktop, arguments):
             presenter.wait(1)
         window.press(medium)
         presenter.wait(5 if medium == "Web" else 1)
+        if medium == "Draw":
+            window.press("Grid")
+            presenter.wait(1)
+            draw_curve(desktop, *window.area()[:2])
         take(medium.lower())
     window.press("Slides")
     presenter.record()
