@@ -17,6 +17,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <cmath>
@@ -244,6 +245,20 @@ TEST_F(ScreenRecordingOnTheScreen, TheDialogTellsWhatBringsTheStageBack)
     if (const char* pictures = std::getenv("QUILLORA_PICTURES"))
         probe.grab({0, 0, QUILLORA_TEST_SCREEN_WIDTH, QUILLORA_TEST_SCREEN_HEIGHT})
             .save(QString(pictures) + "/screen_dialog.png");
+}
+
+/// The toolkit ends a program whose last window is closed. Hidden is not closed.
+TEST_F(ScreenRecordingOnTheScreen, TheRecorderGoesOnWhileItHasNoWindowOnTheScreen)
+{
+    const QSignalSpy lastClosed(qApp, &QGuiApplication::lastWindowClosed);
+    startOnTheStage();
+    leaveTheStage("full_opt");
+    parts.ReturnWindow();
+    parts.toolbar_screen();
+    tests::settle(300);
+    dialog().close();
+    tests::settle(300);
+    EXPECT_EQ(lastClosed.count(), 0);
 }
 
 TEST_F(ScreenRecordingOnTheScreen, TheFormComesBackToItsPlaceAboveTheOthers)

@@ -153,6 +153,47 @@ class Lecture(LectureTest):
         self.assert_lecture(desktop.folder / "lecture.asf", presenter)
 
 
+class Screen(LectureTest):
+    def test_the_screen_is_recorded_between_two_views_of_the_stage_and_the_whole_is_reviewed(self):
+        desktop = self.desktop()
+        presenter = self.presenter(desktop)
+        window = presenter.window
+        window.press("More")
+        presenter.record()
+        presenter.wait(2)
+        window.press("Screen")
+        wait_until(lambda: window.shows("Around the mouse"), 20, "the dialog of the screen recording")
+        self.assertFalse(window.shows("Record"))
+        presenter.wait(2)
+        window.press("Start")
+        wait_until(lambda: not window.shows("Around the mouse"), 20, "the dialog to go")
+        presenter.wait(3)
+        window.keys("ctrl+r")
+        wait_until(lambda: window.shows("Stop"), 20, "the stage to come back")
+        presenter.wait(2)
+        path = desktop.folder / "screen.asf"
+        self.save(presenter, presenter.stop(), path)
+
+        container = Container(path, desktop.folder / "unpacked")
+        self.assertEqual(self.brightness(container.video), ["bright", "dark", "bright"])
+        window.press("Review")
+        wait_until(lambda: window.shows("Full screen"), 20, "the review")
+        player = wait_until(lambda: window.find("Pause", within=window.dialog()), 30, "the player to play")
+        self.assertIsNotNone(player)
+        window.press("Close")
+        wait_until(lambda: not window.dialog(), 20, "the review to close")
+        self.assertEqual(presenter.leave(), 0)
+
+    @staticmethod
+    def brightness(video):
+        """What the frames are like, one word for all in a row: the stage is bright, the empty screen is dark."""
+        size = 32 * 18
+        gray = subprocess.run(["ffmpeg", "-v", "error", "-i", str(video), "-vf", "scale=32:18", "-f", "rawvideo",
+                               "-pix_fmt", "gray", "-"], capture_output=True, check=True, timeout=60).stdout
+        words = ["bright" if sum(gray[at:at + size]) > 20 * size else "dark" for at in range(0, len(gray), size)]
+        return [word for word, before in zip(words, [None] + words) if word != before]
+
+
 class Quitting(LectureTest):
     def test_quitting_in_a_recording_stops_and_saves_it_first(self):
         desktop = self.desktop()
