@@ -20,6 +20,7 @@ sys.path.insert(0, str(ROOT / "tools" / "lecture"))
 from container import Container, Streams  # noqa: E402
 from demo import hold_lecture, keep_pictures  # noqa: E402
 from desktop import Desktop  # noqa: E402
+from draw_board import draw  # noqa: E402
 from judge import judge  # noqa: E402
 from presenter import FILTER_VIDEO, NO_DECK_BOX, NOT_SAVED_BOX, SAVED_BOX, Presenter  # noqa: E402
 from processes import run_to_end, wait_until  # noqa: E402
@@ -81,6 +82,16 @@ class LectureTest(unittest.TestCase):
     def count_of_sample():
         with zipfile.ZipFile(DECK) as deck:
             return sum(name.startswith("ppt/slides/slide") for name in deck.namelist())
+
+
+class DrawingBoardTest(LectureTest):
+    def test_shows_the_work_of_every_tool(self):
+        """Fails where a tool leaves no trace on the stage."""
+        desktop = self.desktop(sound=False)
+        picture = desktop.folder / "board.png"
+        draw(desktop, PROGRAM, picture)
+        with Image.open(picture) as shown:
+            self.assertEqual(shown.width, 1020)
 
 
 class Lecture(LectureTest):
