@@ -13,6 +13,7 @@
 #include "app/slide_ink_parts.h"
 #include "app/stage_parts.h"
 #include "app/system_wall_clock.h"
+#include "app/text_board_parts.h"
 #include "app/thread_sleeper.h"
 #include "app/web_parts.h"
 
@@ -102,6 +103,7 @@ struct Composition::Logic {
                   .slide_img_back = slidePlace,
                   .assets = files.assets}),
           pen(platform.window.slide_img()),
+          textBoard(platform.window.Picture1().textBoard_txt(), platform.window.textBoard_pic()),
           slideInk({.window = platform.window, .pen = pen, .viewer = viewer, .assets = files.assets}),
           packaging({.fields = fields,
                      .workspace = workspace,
@@ -229,6 +231,7 @@ struct Composition::Logic {
     stage::SlidePlace slidePlace;
     deck::SlideViewer viewer;
     deck::SlidePen pen;
+    TextBoardParts textBoard;
     SlideInkParts slideInk;
     session::Packaging packaging;
     forms::QtTimer Timer2;

@@ -7,6 +7,7 @@
 #include "forms/look.h"
 #include "forms/paint_canvas_widget.h"
 #include "forms/start_button_area.h"
+#include "forms/text_board_widget.h"
 #include "forms/web_browser_widget.h"
 #include "forms/widget_surface.h"
 #include "stage/stage_surfaces.h"
@@ -96,8 +97,7 @@ void StageWidget::makeMedia()
     m_WebBrowser2 = new WebBrowserWidget("WebBrowser2", tr("Online video"), this);
     m_WebBrowser1 = new WebBrowserWidget("WebBrowser1", tr("Web page"), this);
     m_picPaint = new PaintCanvasWidget(this);
-    m_textBoard = named(new QWidget(this), "textBoard_txt", tr("Text board"));
-    m_textBoard->setAutoFillBackground(true);
+    m_textBoard = new TextBoardWidget(this);
 
     m_slideBack = named(new QWidget(this), "slide_img_back", tr("Slide panel"));
     m_slide = new ImageSurfaceWidget(ImageSurfaceWidget::Display::actualSize, m_slideBack);

@@ -16,6 +16,7 @@ class BackdropWidget;
 class CameraPreview;
 class ImageSurfaceWidget;
 class PaintCanvasWidget;
+class TextBoardWidget;
 class WebBrowserWidget;
 
 /// The stage `Picture1` with its stacked surfaces: what lies inside it is recorded, pixel for pixel, so
@@ -32,6 +33,7 @@ class StageWidget : public QWidget {
     stage::StageSurfaces& surfaces();
     BackdropWidget& back_img() { return *m_backdrop; }
     ImageSurfaceWidget& slide_img() { return *m_slide; }
+    TextBoardWidget& textBoard_txt() { return *m_textBoard; }
     WebBrowserWidget& WebBrowser1() { return *m_WebBrowser1; }
     WebBrowserWidget& WebBrowser2() { return *m_WebBrowser2; }
     PaintCanvasWidget& picPaint() { return *m_picPaint; }
@@ -55,7 +57,7 @@ class StageWidget : public QWidget {
     WebBrowserWidget* m_WebBrowser2;
     WebBrowserWidget* m_WebBrowser1;
     PaintCanvasWidget* m_picPaint;
-    QWidget* m_textBoard;
+    TextBoardWidget* m_textBoard;
     QWidget* m_slideBack;
     ImageSurfaceWidget* m_slide;
     CameraPreview* m_camera;

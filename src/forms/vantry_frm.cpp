@@ -20,6 +20,7 @@
 #include "forms/stage_widget.h"
 #include "forms/status_bar.h"
 #include "forms/task_pane_widget.h"
+#include "forms/text_panel.h"
 #include "forms/video_panel_widget.h"
 #include "forms/web_panel_widget.h"
 #include "forms/window_hints.h"
@@ -150,18 +151,14 @@ void Vantry_frm::makePanels()
     m_taskPane->keep(m_notesPanel);
     m_drawingPalette = new DrawingPalette(this);
     m_taskPane->keep(m_drawingPalette);
+    m_textPanel = new TextPanel(this);
+    m_taskPane->keep(m_textPanel);
     m_webPanel = new WebPanelWidget(this);
     m_taskPane->keep(m_webPanel);
     m_videoPanel = new VideoPanelWidget(this);
     m_taskPane->keep(m_videoPanel);
     m_cameraPanel = new CameraPanel(this);
     m_taskPane->keep(m_cameraPanel);
-    for (const char* name : {"textBoard_pic"}) {
-        auto* panel = new QWidget(this);
-        panel->setObjectName(name);
-        panel->setAccessibleName(tr("Panel"));
-        m_taskPane->keep(panel);
-    }
 }
 
 void Vantry_frm::forwardEvents()

@@ -31,6 +31,7 @@ class StageFrame;
 class StageWidget;
 class StatusBar;
 class TaskPaneWidget;
+class TextPanel;
 class VideoPanelWidget;
 class WebPanelWidget;
 class WindowHints;
@@ -54,6 +55,7 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     NotesPanel& Pic_notes() { return *m_notesPanel; }
     /// The panel of the drawing board, likewise.
     DrawingPalette& Picture2() { return *m_drawingPalette; }
+    TextPanel& textBoard_pic() { return *m_textPanel; }
 
     /// The stage, and what the layouts move on it.
     StageWidget& Picture1() { return *m_stage; }
@@ -123,6 +125,7 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     WindowHints& m_hints;
     MainToolbar* m_toolbar;
     NotesPanel* m_notesPanel;
+    TextPanel* m_textPanel;
     WebPanelWidget* m_webPanel;
     VideoPanelWidget* m_videoPanel;
     DrawingPalette* m_drawingPalette;

@@ -59,18 +59,34 @@ void RichTextBuilder::add(char32_t character, const CharacterFormat& format)
 {
     if (full() || !isBoardCharacter(character))
         return;
+    if (m_paragraphLength == kLongestParagraph)
+        breakParagraph();
     if (m_paragraph.runs.empty() || m_paragraph.runs.back().format != format)
         m_paragraph.runs.push_back({.text = {}, .format = format});
-    appendUtf8(m_paragraph.runs.back().text, character);
-    --m_room;
+    put(character);
 }
 
 void RichTextBuilder::addAlike(char32_t character)
 {
-    if (full() || !isBoardCharacter(character))
-        return;
+    if (m_paragraphLength == kLongestParagraph)
+        add(character, CharacterFormat(m_paragraph.runs.back().format));
+    else if (!full() && isBoardCharacter(character))
+        put(character);
+}
+
+void RichTextBuilder::put(char32_t character)
+{
     appendUtf8(m_paragraph.runs.back().text, character);
+    ++m_paragraphLength;
     --m_room;
+}
+
+void RichTextBuilder::breakParagraph()
+{
+    m_paragraph.mark = m_paragraph.runs.back().format;
+    m_text.paragraphs.push_back(std::exchange(m_paragraph, {}));
+    m_paragraphLength = 0;
+    ++m_pieces;
 }
 
 void RichTextBuilder::endParagraph(Alignment alignment, bool bullet, const CharacterFormat& mark)
@@ -78,10 +94,13 @@ void RichTextBuilder::endParagraph(Alignment alignment, bool bullet, const Chara
     // The last paragraph of a text that was cut still has to be ended.
     if (full() && m_paragraph.runs.empty() && !m_text.paragraphs.empty())
         return;
-    m_paragraph.alignment = alignment;
-    m_paragraph.bullet = bullet;
     m_paragraph.mark = mark;
     m_text.paragraphs.push_back(std::exchange(m_paragraph, {}));
+    const auto first = m_text.paragraphs.end() - static_cast<std::ptrdiff_t>(m_pieces + 1);
+    for (auto piece = first; piece != m_text.paragraphs.end(); ++piece)
+        piece->alignment = alignment;
+    first->bullet = bullet;
+    m_paragraphLength = m_pieces = 0;
     if (m_room > 0)
         --m_room;
 }

@@ -59,6 +59,10 @@ struct RichText {
 /// A break of the line inside a paragraph, in the text of a run.
 inline constexpr char32_t kLineBreak = 0x2028;
 
+/// A longer paragraph goes on in a next one. It is nine stages full of text; lines of text without blanks
+/// take text components time by the square of their paragraph's length.
+inline constexpr std::size_t kLongestParagraph = 4'000;
+
 /// Whether @p character may stand in a run: any but control characters other than the tab, surrogates, and
 /// what text components keep for their own marks.
 bool isBoardCharacter(char32_t character);
@@ -91,8 +95,14 @@ class RichTextBuilder {
     RichText take();
 
   private:
+    void put(char32_t character);
+    void breakParagraph();
+
     RichText m_text{.paragraphs = {}};
     Paragraph m_paragraph{};
+    std::size_t m_paragraphLength = 0;
+    /// Paragraphs that the present one filled.
+    std::size_t m_pieces = 0;
     std::size_t m_room;
 };
 

@@ -42,6 +42,44 @@ TEST(RichText, TakesNoMoreThanItsLimit)
     EXPECT_EQ(plainText(fromPlainText("abc", {}, 0)), "");
 }
 
+TEST(RichText, GoesOnInANextParagraphWhereOneIsTooLong)
+{
+    const CharacterFormat bold{.bold = true};
+    RichTextBuilder builder(100'000);
+    for (std::size_t n = 0; n < 2 * kLongestParagraph + 1; ++n)
+        builder.add(U'x', bold);
+    builder.endParagraph(Alignment::centre, true, {});
+    for (std::size_t n = 0; n < kLongestParagraph; ++n)
+        builder.add(U'y', {});
+    builder.endParagraph(Alignment::left, false, {});
+    const RichText text = builder.take();
+    ASSERT_EQ(text.paragraphs.size(), 4U);
+    for (const std::size_t piece : {0U, 1U, 2U}) {
+        EXPECT_EQ(text.paragraphs[piece].alignment, Alignment::centre);
+        EXPECT_EQ(text.paragraphs[piece].bullet, piece == 0);
+        EXPECT_EQ(text.paragraphs[piece].mark.bold, piece < 2);
+    }
+    EXPECT_EQ(text.paragraphs[2].runs, (std::vector<TextRun>{{"x", bold}}));
+    EXPECT_EQ(text.paragraphs[3].runs.front().text.size(), kLongestParagraph);
+}
+
+TEST(RichText, HasNoEmptyRunWhereAParagraphWasTooLong)
+{
+    RichTextBuilder builder(100'000);
+    for (std::size_t n = 0; n < kLongestParagraph; ++n)
+        builder.add(U'x', {});
+    builder.add(U'b', {.bold = true});
+    builder.endParagraph(Alignment::left, false, {});
+    for (std::size_t n = 0; n < kLongestParagraph; ++n)
+        builder.add(U'x', {});
+    builder.addAlike(U'y');
+    builder.endParagraph(Alignment::left, false, {});
+    const RichText text = builder.take();
+    ASSERT_EQ(text.paragraphs.size(), 4U);
+    EXPECT_EQ(text.paragraphs[1].runs, (std::vector<TextRun>{{"b", {.bold = true}}}));
+    EXPECT_EQ(text.paragraphs[3].runs, (std::vector<TextRun>{{"y", {}}}));
+}
+
 TEST(RichText, JoinsNeighboursOfOneLook)
 {
     const CharacterFormat bold{.bold = true};

@@ -126,6 +126,9 @@ RichText Reader::read()
     for (RtfToken token = m_lexer.next(); token.kind != RtfToken::Kind::end && !m_builder.full();
          token = m_lexer.next()) {
         using Kind = RtfToken::Kind;
+        // What ends the outermost group ends the document, and the last paragraph still has its look.
+        if (token.kind == Kind::groupEnd && m_tooDeep == 0 && m_outer.size() <= 1)
+            break;
         if (token.kind == Kind::groupBegin)
             beginGroup();
         else if (token.kind == Kind::groupEnd)
@@ -141,9 +144,6 @@ RichText Reader::read()
             }
         else if (token.kind == Kind::controlWord || token.kind == Kind::controlSymbol)
             control(token);
-        // What ends the outermost group ends the document.
-        if (m_outer.empty() && token.kind == Kind::groupEnd)
-            break;
     }
     // The last paragraph's end stands in most streams, and makes no paragraph after it.
     applyMarker();

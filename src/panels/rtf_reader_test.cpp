@@ -138,6 +138,13 @@ TEST(RtfReader, ReadsAlignment)
     EXPECT_EQ(outline(read("{\\pard\\qr a\\par}\\qc b\\par")), "[r a][c b]");
 }
 
+TEST(RtfReader, GivesTheLastParagraphItsLookEvenWhereItIsNotEnded)
+{
+    const RichText text = read("a\\par\\qr\\b\\fs60 b");
+    EXPECT_EQ(outline(text), "[l a][r <b:b>]");
+    EXPECT_EQ(text.paragraphs.back().mark, text.paragraphs.back().runs.back().format);
+}
+
 TEST(RtfReader, ReadsSpecialCharacters)
 {
     EXPECT_EQ(textOf("a\\tab b\\line c\\~d\\_e\\-f\\{\\}\\\\"), "a\tb\vc\u00A0d\u2011e\u00ADf{}\\");
