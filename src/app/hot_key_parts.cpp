@@ -33,7 +33,6 @@ HotKeyParts::HotKeyParts(MessageParts& messages, forms::Vantry_frm& window)
       m_keys(messages.queue()),
       m_mainWindow(messages.windows().create("Vantry_frm", "Quillora Recorder"))
 {
-    QObject::connect(&window, &forms::Vantry_frm::record_Click, &m_context, [this] { record_Click(); });
     if (m_keys.descriptor() < 0)
         return;
     m_notifier.emplace(m_keys.descriptor(), QSocketNotifier::Read);
@@ -62,11 +61,6 @@ void HotKeyParts::m_cHotKey_HotKeyPress()
 {
     if (ReturnWindow)
         base::skipFailures([&] { ReturnWindow(); });
-}
-
-void HotKeyParts::record_Click()
-{
-    base::skipFailures([&] { m_messages.boxes().show({.text = "record..."}); });
 }
 
 void HotKeyParts::takeKeys()

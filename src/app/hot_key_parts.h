@@ -16,8 +16,7 @@
 
 namespace quillora::app {
 
-/// The desktop-wide hot key Ctrl+R, which leads back from a recording of the screen to the stage; and what is
-/// left of that shortcut within the window where the desktop hasn't given the key to us.
+/// The desktop-wide hot key Ctrl+R, which leads back from a recording of the screen to the stage.
 class HotKeyParts : private messages::WindowDisplay {
   public:
     /// Both must outlive this object.
@@ -33,7 +32,6 @@ class HotKeyParts : private messages::WindowDisplay {
 
   private:
     void m_cHotKey_HotKeyPress();
-    void record_Click();
     void takeKeys();
 
     bool IsWindowVisible(messages::WindowHandle hwnd) override;
@@ -48,8 +46,6 @@ class HotKeyParts : private messages::WindowDisplay {
     messages::LocalAtoms m_atoms{};
     messages::X11HotKeys m_keys;
     std::optional<QSocketNotifier> m_notifier{};
-    /// Connections to the window end with it.
-    QObject m_context{};
     /// Stands for the main form among the windows for messages.
     messages::WindowHandle m_mainWindow;
     std::unique_ptr<messages::cRegHotKey> m_cHotKey{};

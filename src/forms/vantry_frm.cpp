@@ -29,7 +29,6 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QLabel>
-#include <QMenu>
 #include <QPainter>
 #include <QScreen>
 #include <QWindow>
@@ -72,7 +71,6 @@ Vantry_frm::Vantry_frm(WindowHints& hints) : m_hints(hints)
     setAccessibleName(tr("Quillora Recorder"));
     setStyleSheet(partsStyle());
     placeParts();
-    makePopup();
     forwardEvents();
     m_stage->setFocus();
 }
@@ -129,20 +127,6 @@ void Vantry_frm::placeStageControls()
     hint->setObjectName("stage_hint");
     hint->setAccessibleName(hint->text());
     hint->move(m_stage->x(), m_modeStrip->geometry().bottom() + 1 + 2 * kGap);
-}
-
-/// A menu that no operation opens; two of its items have no handler.
-void Vantry_frm::makePopup()
-{
-    auto* popup = new QMenu(this);
-    popup->setObjectName("popup");
-    popup->setAccessibleName(tr("Recording"));
-    auto* record = popup->addAction(tr("Record"), this, &Vantry_frm::record_Click);
-    auto* pause = popup->addAction(tr("Pause"));
-    auto* stop = popup->addAction(tr("Stop"));
-    record->setShortcut(Qt::CTRL | Qt::Key_R);
-    pause->setShortcut(Qt::CTRL | Qt::Key_P);
-    stop->setShortcut(Qt::CTRL | Qt::Key_S);
 }
 
 void Vantry_frm::makePanels()

@@ -101,8 +101,6 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     void slide_img_MouseDown(int button, int shift, float x, float y);
     void slide_img_MouseMove(int button, int shift, float x, float y);
     void slide_img_MouseUp(int button, int shift, float x, float y);
-    /// Of the menu `popup`.
-    void record_Click();
     /// The microphone, beside the stage.
     void Image3_Click();
     /// The presenter closes the window: sent once, and the window is closed when all receivers have returned.
@@ -118,7 +116,6 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     void placeParts();
     void makePanels();
     void placeStageControls();
-    void makePopup();
     void forwardEvents();
     void applyWindowFunctions();
 
