@@ -19,7 +19,6 @@ class MessageParts {
     MessageParts(const MessageParts&) = delete;
     MessageParts& operator=(const MessageParts&) = delete;
 
-    base::MessageBoxes& boxes() { return m_boxes; }
     messages::MessageQueue& queue() { return m_queue; }
     messages::MessageWindows& windows() { return m_windows; }
     const messages::SystemErrors& errors() const { return m_errors; }
