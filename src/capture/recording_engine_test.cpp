@@ -63,6 +63,7 @@ TEST_F(RecordingEngineTest, RecordsAsManyFramesAsTimeAndRateGive)
     for (const float rate : {12.0F, 24.0F, 50.0F}) {
         segments.forget();
         engine.setFrameRate(rate);
+        engine.setFileName("video.wmv");
         segment([] { std::this_thread::sleep_for(700ms); });
         engine.Stop();
         expectLength(rate);
