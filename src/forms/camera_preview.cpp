@@ -40,9 +40,14 @@ QRect CameraPreview::place() const
 {
     if (m_frame.empty())
         return rect();
-    const QSize shown = QSize(m_frame.width, m_frame.height).scaled(size(), Qt::KeepAspectRatio);
-    return {QPoint((width() - shown.width()) / 2, (height() - shown.height()) / 2), shown};
+    // A corner can leave the frame as high as the whole stage, and most of it below the stage's edge.
+    const QRect seen = rect() & parentWidget()->rect().translated(-pos());
+    const QSize shown = QSize(m_frame.width, m_frame.height).scaled(seen.size(), Qt::KeepAspectRatio);
+    return {seen.topLeft() + QPoint((seen.width() - shown.width()) / 2, (seen.height() - shown.height()) / 2),
+            shown};
 }
+
+void CameraPreview::moveEvent(QMoveEvent*) { update(); }
 
 void CameraPreview::paintEvent(QPaintEvent* event)
 {

@@ -7,8 +7,8 @@
 namespace quillora::forms {
 
 /// `VideoCap1_back`, the surface that shows the live picture of the camera; black while there is none. The
-/// whole picture is shown in its own shape, in the middle: cut to the surface it could lose what a presenter
-/// holds up to the camera, and stretched it would make faces wide.
+/// whole picture is shown in its own shape, in the middle of what can be seen of the surface: cut to it the
+/// picture could lose what a presenter holds up to the camera, and stretched it would make faces wide.
 class CameraPreview : public QWidget {
     Q_OBJECT
 
@@ -20,6 +20,7 @@ class CameraPreview : public QWidget {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 

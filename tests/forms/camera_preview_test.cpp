@@ -93,6 +93,17 @@ TEST_F(CameraPreviewTest, ShowsAWidePictureBetweenBarsAboveAndBelow)
     EXPECT_EQ(onStage(90, 133), kBlack);
 }
 
+TEST_F(CameraPreviewTest, ShowsTheWholePictureInAFrameThatReachesBeyondTheStage)
+{
+    // The bottom right corner after a camera that filled the stage: 420 pixels high, 137 of them on it.
+    show({{8500}, {4250}, {2600}, {6300}});
+    put(quarters(640, 480));
+    EXPECT_TRUE(becomes(572, 292, 0xFFFF0000));
+    EXPECT_EQ(onStage(734, 292), 0xFF00FF00);
+    EXPECT_EQ(onStage(572, 410), 0xFF0000FF);
+    EXPECT_EQ(onStage(734, 410), 0xFFFFFFFF);
+}
+
 TEST_F(CameraPreviewTest, TakesPicturesFromAnotherThread)
 {
     show(kWhole);
