@@ -45,7 +45,7 @@ constexpr int kStripCaptionTop = 41;
 constexpr base::Twips kStageLeft{3960};
 constexpr base::Twips kStageTop{650};
 constexpr base::Twips kTaskPaneWidth{3885};
-constexpr base::Twips kImage3Left{14640};
+constexpr base::Twips kImage3Left{14670};
 constexpr base::Twips kImage3Top{7080};
 constexpr base::Twips kImage3Size{480};
 
