@@ -134,7 +134,8 @@ void TaskPaneWidget::orderTabs()
     QWidget* last = m_before;
     for (TaskPaneBar* bar : m_bars)
         for (QWidget* each : bar->findChildren<QWidget*>())
-            if ((each->focusPolicy() & Qt::TabFocus) != 0) {
+            // A list that drops down is a window of its own, with an order of its own.
+            if ((each->focusPolicy() & Qt::TabFocus) != 0 && each->window() == window()) {
                 setTabOrder(last, each);
                 last = each;
             }
