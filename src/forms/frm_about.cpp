@@ -34,6 +34,10 @@ frmAbout::frmAbout(QWidget* owner, const std::string& version) : QDialog(owner)
     setAccessibleName(tr("About"));
     setModal(true);
     setFixedSize(kDialogSize);
+    setWindowFlag(Qt::WindowMinMaxButtonsHint, false);
+    QFont small = font();
+    small.setPixelSize(13);
+    setFont(small);
     QPalette white = palette();
     white.setColor(QPalette::Window, colours::kSurface);
     setPalette(white);
@@ -92,7 +96,7 @@ void frmAbout::makeFoot(const std::string& version)
     connect(maker, &QPushButton::clicked, this, &frmAbout::Label1_Click);
 
     const QString versionText = QString::fromStdString(version);
-    auto* label = placed(new QLabel(versionText, this), "version_lb", versionText, 3915, 3885, 1275, 240);
+    auto* label = placed(new QLabel(versionText, this), "version_lb", versionText, 3795, 3885, 1515, 240);
     label->setAlignment(Qt::AlignCenter);
 
     auto* ok = placed(new QPushButton(tr("OK"), this), "cmdOK", tr("OK"), 5880, 3795, 1260, 420);

@@ -3,12 +3,14 @@
 QUILLORA_PROGRAM names the installed program. Each test has a desktop of its own, so tests may run side by side; each
 is run in a process of its own, since an accessibility bus can't be left for another.
 """
+import http.server
 import os
 import pathlib
 import shutil
 import signal
 import subprocess
 import sys
+import threading
 import unittest
 import zipfile
 
@@ -23,11 +25,12 @@ from desktop import Desktop  # noqa: E402
 from draw_board import draw  # noqa: E402
 from judge import judge  # noqa: E402
 from presenter import FILTER_VIDEO, NO_DECK_BOX, NOT_SAVED_BOX, SAVED_BOX, Presenter  # noqa: E402
-from processes import run_to_end, wait_until  # noqa: E402
+from processes import descendants, run_to_end, wait_until  # noqa: E402
 
 PROGRAM = pathlib.Path(os.environ.get("QUILLORA_PROGRAM", ROOT / "build" / "install" / "bin" / "quillora"))
 DECK = ROOT / "assets" / "sample_lecture.pptx"
 SKIPPED = 77
+SERVICE_PORT = 8480
 
 
 class LectureTest(unittest.TestCase):
@@ -331,6 +334,60 @@ class Camera(LectureTest):
         # It stays where it was, black, and the presenter goes on.
         self.assertEqual(presenter.move("next"), 2)
         self.assertEqual(presenter.leave(), 0)
+
+
+class WebPage(LectureTest):
+    """Pages of the service, served here in its place."""
+
+    def setUp(self):
+        self.asked = []
+        test = self
+
+        class Pages(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                test.asked.append(self.path)
+                self.send_response(200)
+                self.send_header("Content-Type", "text/html")
+                self.end_headers()
+                self.wfile.write(b"<body style='background:#00ff00'>")
+
+            def log_message(self, *_):
+                pass
+
+        server = http.server.ThreadingHTTPServer(("127.0.0.1", SERVICE_PORT), Pages)
+        self.addCleanup(server.server_close)
+        self.addCleanup(server.shutdown)
+        threading.Thread(target=server.serve_forever, daemon=True).start()
+
+    def browsers(self, presenter):
+        """Process ids of the browsers that the recorder started."""
+        return [pid for pid in descendants(presenter.process_id)
+                if "quillora-browse" in pathlib.Path(f"/proc/{pid}/comm").read_text(encoding="utf-8")]
+
+    def test_a_browser_that_crashes_does_not_touch_the_recording(self):
+        desktop = self.desktop()
+        desktop.environment["QTWEBENGINE_DISABLE_SANDBOX"] = "1"
+        presenter = self.presenter(desktop)
+        self.assertEqual(self.browsers(presenter), [])
+        self.assertEqual(self.asked, [])
+        presenter.window.press("More")
+        presenter.record()
+        presenter.window.press("Web")
+        wait_until(lambda: "/recorderweb.php" in self.asked, 30, "the start page to be asked for")
+        presenter.wait(3)
+        browser, = self.browsers(presenter)
+        os.kill(browser, signal.SIGKILL)
+        wait_until(lambda: presenter.window.shows("Reload the page"), 10, "the notice")
+        presenter.wait(2)
+        self.assertEqual(presenter.window.status("Session"), "Recording ...")
+        presenter.window.press("Reload the page")
+        wait_until(lambda: self.asked.count("/recorderweb.php") == 2, 30, "the page to be asked for again")
+        presenter.wait(3)
+        out = desktop.folder / "web.asf"
+        self.save(presenter, presenter.stop(), out)
+        presenter.leave()
+        self.assert_length(Streams(Container(out, desktop.folder / "unpacked").video), presenter)
+        wait_until(lambda: not pathlib.Path(f"/proc/{browser}").exists(), 10, "the browser to be gone")
 
 
 class PoorMachine(LectureTest):
