@@ -3,9 +3,8 @@
 #include "forms/colour_cell.h"
 #include "forms/command_button.h"
 #include "forms/look.h"
+#include "forms/option_button.h"
 #include "forms/option_frames.h"
-
-#include <QRadioButton>
 
 namespace quillora::forms {
 
@@ -170,12 +169,12 @@ void DrawingPalette::makeSheets()
         const auto text = [](std::string_view words) {
             return QString::fromUtf8(words.data(), qsizetype(words.size()));
         };
-        auto* option = new QRadioButton(text(described.caption), this);
+        auto* option = new OptionButton(text(described.caption), text(described.caption), this);
         option->setObjectName(text(described.option));
-        option->setAccessibleName(option->text());
         option->setChecked(sheet == drawing::Sheet::blank);
         option->move(pixels({described.position.Left}), pixels({described.position.Top}));
-        option->setFocusPolicy(described.position.Top < kPanelSize.Height ? Qt::TabFocus : Qt::NoFocus);
+        if (described.position.Top >= kPanelSize.Height)
+            option->setFocusPolicy(Qt::NoFocus);
         // A click on the sheet that is there already would take the drawing with it.
         connect(option, &QRadioButton::toggled, this, [this, sheet](bool checked) {
             if (checked)
