@@ -14,6 +14,9 @@ constexpr double kMostSavedSeconds = 10;
 constexpr double kMostOwedSeconds = 2.5;
 /// How fast savings are spent, and debts paid, while pictures go on changing.
 constexpr double kSpreadSeconds = 3;
+/// How far motion at the coarsest quantiser may overdraw before frames are left out: coarse motion is better
+/// to watch than a picture that stands still, but what is overdrawn stays overdrawn at a recording's end.
+constexpr double kMostOverdrawnSeconds = 0.4;
 /// Motion is aimed a little below the bitrate, since the estimate is wrong on either side.
 constexpr double kAim = 0.97;
 
@@ -56,11 +59,12 @@ std::optional<int> RateControl::fitting(std::int64_t changedPixels, int finest) 
         std::max(kAim * m_bitsPerFrame + (m_savings + owed) / spread, 0.25 * m_bitsPerFrame);
 
     const double overhead = kEmptyFrameBitsPerPixel * m_pixels;
-    for (int quantiser = finest; quantiser <= kCoarsest; ++quantiser)
+    for (int quantiser = inMotion() ? std::max(finest, kFinestForMotion) : finest; quantiser <= kCoarsest;
+         ++quantiser)
         if (m_density * work(changedPixels, quantiser) + overhead <= affordable)
             return quantiser;
-    const double patience = 0.25 * m_bitsPerFrame * m_framesPerSecond;
-    return m_savings < -patience ? std::nullopt : std::optional(kCoarsest);
+    return m_savings < -kMostOverdrawnSeconds * m_bitsPerFrame * m_framesPerSecond ? std::nullopt
+                                                                                   : std::optional(kCoarsest);
 }
 
 std::optional<int> RateControl::forStill() const

@@ -20,6 +20,9 @@ class RateControl {
     static constexpr int kFinestForKeyFrame = 2;
     static constexpr int kFinestForChange = 4;
     static constexpr int kFinestForStill = 1;
+    /// Of a film nobody sees what is finer (39 dB on average), and encoding it takes a sixth more time; what
+    /// is saved pays for the next cut.
+    static constexpr int kFinestForMotion = 10;
     /// @}
     static constexpr int kCoarsest = 31;
 
