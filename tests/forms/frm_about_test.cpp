@@ -52,6 +52,7 @@ TEST_F(FrmAboutTest, TellsWhatTheProgramIs)
 {
     EXPECT_EQ(about.windowTitle(), "About Quillora Recorder ");
     EXPECT_EQ(find<QLabel>("version_lb")->text(), "Version 3.13.0");
+    EXPECT_LE(find<QLabel>("version_lb")->sizeHint().width(), find<QLabel>("version_lb")->width());
     EXPECT_TRUE(find<QPlainTextEdit>("Text1")->toPlainText().contains("Quillora Recorder"));
     EXPECT_TRUE(find<QPlainTextEdit>("Text1")->isReadOnly());
     EXPECT_EQ(find<QWidget>("Picture1")->geometry(), QRect(8, 8, 250, 43));
