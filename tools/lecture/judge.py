@@ -2,14 +2,12 @@
 import dataclasses
 
 import numpy
-from PIL import Image
 
 from container import Container, Streams, frame_times
-from processes import Failure, run_to_end
+from frames import OUTPUT_SIZE, RATE, Frames, luma_of_picture, psnr, similarity
+from scenes import judge_scenes
 from sound_judge import judge_sound
 
-OUTPUT_SIZE = (746, 420)
-RATE = 24
 # The index knows whole seconds only, of the moment and of the begin that it subtracts, and the first frame comes a
 # little after that begin: so a slide shows up to a second before or after the second that its entry names, and a
 # little more on either side for starting and painting on a busy machine.
@@ -49,8 +47,11 @@ def judge(path, notes, folder, sharp_pictures=None, speech=None):
     _judge_index(verdict, container, notes)
     times = frame_times(container.video)
     _judge_streams(verdict, container, notes, times)
+    frames = Frames(container.video, times)
     if container.pictures:
-        _judge_slides(verdict, container, sharp_pictures, times)
+        _judge_slides(verdict, container, sharp_pictures, frames, notes)
+    if notes.scenes:
+        judge_scenes(verdict, notes.scenes, frames)
     if speech:
         judge_sound(verdict, container.video, notes, speech)
     return verdict
@@ -103,28 +104,29 @@ def _judge_streams(verdict, container, notes, times):
                     f"the frames are {steps.min():.3f} to {steps.max():.3f} s apart" if len(steps) else "no frames")
 
 
-def _judge_slides(verdict, container, sharp_pictures, times):
+def _judge_slides(verdict, container, sharp_pictures, frames, notes):
     """Finds, for each entry of the index, its slide in the video, and sees that no other stands there until the
-    next entry."""
+    next entry; as far as slides alone were on the stage."""
     pictures = sharp_pictures or container.pictures
     floor = MATCH_FLOOR_SHARP if sharp_pictures else MATCH_FLOOR
-    slides = {number: _luma_of_picture(path) for number, path in pictures.items()}
-    frames = _Frames(container.video, times)
+    slides = {number: luma_of_picture(path) for number, path in pictures.items()}
+    end_of_slides = notes.recorded(notes.slides_until)[0] - 0.2 if notes.slides_until else frames.duration
+    index = [entry for entry in container.index if entry[1] < end_of_slides - APPEARS_LATE]
     verdict.say("Slides in the video (luma against the slide's picture"
                 f"{'' if sharp_pictures else ' in the container'})")
-    stretches = _stretches(verdict, container.index, frames, slides, floor)
-    for (slide, second, begin), following in zip(stretches, stretches[1:] + [(0, 0, frames.duration)]):
+    stretches = _stretches(verdict, index, frames, slides, floor)
+    for (slide, second, begin), following in zip(stretches, stretches[1:] + [(0, 0, end_of_slides)]):
         end = following[2]
         settled = frames.at(min(begin + 1.0, max(begin, end - 0.2)))
-        others = [_psnr(settled, picture) for number, picture in slides.items() if number != slide]
+        others = [psnr(settled, picture) for number, picture in slides.items() if number != slide]
         verdict.say(f"  slide {slide:<3} at {second:>3}   shows from {begin:6.2f} s: "
-                    f"{_psnr(settled, slides[slide]):.1f} dB, similarity {_similarity(settled, slides[slide]):.3f}"
+                    f"{psnr(settled, slides[slide]):.1f} dB, similarity {similarity(settled, slides[slide]):.3f}"
                     + (f"; the nearest other slide {max(others):.1f} dB" if others else ""))
         for moment in numpy.arange(begin, end - 0.1, 0.5):
             if not _shows(frames.at(moment), slide, slides, floor):
                 number, best = _best(frames.at(moment), slides)
                 verdict.require(False, f"at {moment:.2f} s the video shows slide {number} ({best:.1f} dB), not slide "
-                                       f"{slide} ({_psnr(frames.at(moment), slides[slide]):.1f} dB)")
+                                       f"{slide} ({psnr(frames.at(moment), slides[slide]):.1f} dB)")
 
 
 def _stretches(verdict, index, frames, slides, floor):
@@ -150,51 +152,9 @@ def _stretches(verdict, index, frames, slides, floor):
 
 
 def _shows(frame, slide, slides, floor):
-    own = _psnr(frame, slides[slide])
+    own = psnr(frame, slides[slide])
     return own >= floor and own >= _best(frame, slides)[1] - TWINS
 
 
 def _best(frame, slides):
-    return max(((number, _psnr(frame, picture)) for number, picture in slides.items()), key=lambda pair: pair[1])
-
-
-class _Frames:
-    """The luma of a video's frames, by time."""
-
-    def __init__(self, path, times):
-        width, height = OUTPUT_SIZE
-        raw = run_to_end(["ffmpeg", "-v", "error", "-i", str(path), "-an", "-vf", "extractplanes=y", "-fps_mode",
-                          "passthrough", "-f", "rawvideo", "-"], seconds=600)
-        self._frames = numpy.frombuffer(raw, dtype=numpy.uint8).reshape(-1, height, width)
-        self._times = numpy.array(times[:len(self._frames)])
-        self.duration = self._times[-1] + 1 / RATE
-
-    def at(self, moment):
-        index = numpy.searchsorted(self._times, moment + 1e-3, side="right") - 1
-        return self._frames[int(max(index, 0))]
-
-
-def _luma_of_picture(path):
-    """A picture as the video would hold it: stretched to its size, luma of ITU-R BT.601 in video range."""
-    with Image.open(path) as picture:
-        rgb = numpy.asarray(picture.convert("RGB").resize(OUTPUT_SIZE, Image.Resampling.BOX
-                            if picture.width > 2 * OUTPUT_SIZE[0] else Image.Resampling.BILINEAR), dtype=numpy.float32)
-    return (16 + rgb @ numpy.array([65.481, 128.553, 24.966], dtype=numpy.float32) / 255).astype(numpy.float32)
-
-
-def _psnr(frame, picture):
-    error = numpy.mean((frame.astype(numpy.float32) - picture) ** 2)
-    return 99.0 if error < 1e-6 else 10 * numpy.log10(255 ** 2 / error)
-
-
-def _similarity(frame, picture):
-    """Structural similarity (Wang et al., 2004) over windows of 8 by 8."""
-    def windows(image):
-        height, width = (size // 8 * 8 for size in image.shape)
-        return image[:height, :width].reshape(height // 8, 8, width // 8, 8).swapaxes(1, 2).reshape(-1, 64)
-    a, b = windows(frame.astype(numpy.float64)), windows(picture.astype(numpy.float64))
-    mean_a, mean_b = a.mean(1), b.mean(1)
-    covariance = ((a - mean_a[:, None]) * (b - mean_b[:, None])).mean(1)
-    c1, c2 = (0.01 * 255) ** 2, (0.03 * 255) ** 2
-    return float((((2 * mean_a * mean_b + c1) * (2 * covariance + c2))
-                  / ((mean_a ** 2 + mean_b ** 2 + c1) * (a.var(1) + b.var(1) + c2))).mean())
+    return max(((number, psnr(frame, picture)) for number, picture in slides.items()), key=lambda pair: pair[1])

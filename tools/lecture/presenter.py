@@ -2,6 +2,7 @@
 import time
 
 from processes import Failure, wait_until
+from scenes import Scene
 from window import BUTTON_ROLES, Window
 
 NOT_SAVED_BOX = "Video presentation is not saved: You must save your video presentation before exit!"
@@ -27,6 +28,8 @@ class Notes:
     def begin_recording(self):
         self.segments = []   # [begin, end] of each stretch that was recorded
         self.moves = []      # (press, answer, number of the slide then shown)
+        self.scenes = []     # what stood on the stage at some moments
+        self.slides_until = None  # the moment, as a pair, from which on more than slides was on the stage
 
     def recorded(self, until=None):
         """The least and the most seconds recorded, so far or until a pair of moments."""
@@ -51,10 +54,12 @@ class Notes:
 class Presenter:
     """One person at one recorder."""
 
-    def __init__(self, desktop, program):
+    def __init__(self, desktop, program, **environment):
+        """`environment` is what the recorder alone finds set."""
         self.desktop = desktop
         self.notes = Notes()
-        self._process = desktop.start([str(program)], "recorder")
+        settings = [f"{name}={value}" for name, value in environment.items() if value]
+        self._process = desktop.start(["env", *settings, str(program)], "recorder")
         self.process_id = self._process.pid
         self.window = Window(desktop, self._process)
         self.window.appear()
@@ -110,6 +115,15 @@ class Presenter:
         """The number of the slide that stands on the stage, as the status bar tells it."""
         text = self.window.status("Slide") or ""
         return int(text.split()[1].split("/")[0]) if text.startswith("Slide ") else 0
+
+    def keep_scene(self, name, area=None):
+        """Keeps a picture of an area of the display, or of all of it, so that the video can be asked for it."""
+        picture = self.desktop.folder / f"scene {len(self.notes.scenes)}.png"
+        before = time.monotonic()
+        self.desktop.picture(picture, area)
+        self.notes.scenes.append(Scene(name, picture, *self.notes.recorded((before, time.monotonic()))))
+        # The video is asked for a little later, too.
+        self.wait(0.5)
 
     def pause(self):
         pressed = time.monotonic()

@@ -37,10 +37,12 @@ class Window:
     def running(self):
         return self._process.poll() is None
 
-    def press(self, name, roles=None, within=None):
-        """Clicks the control of that accessible name with the pointer."""
-        control = wait_until(lambda: self.find(name, roles, within), 20, f'the control "{name}"')
-        self._click(control)
+    def press(self, name, roles=None, within=None, below=None):
+        """Clicks the control of that accessible name with the pointer; `below` names what it is part of."""
+        def pressed():
+            root = self.find(below) if below else within
+            return self.find(name, roles, root) if root or not below else None
+        self._click(wait_until(pressed, 20, f'the control "{name}"'))
 
     def click(self, control):
         """Clicks a control that was found, with the pointer."""
@@ -146,6 +148,32 @@ class Window:
 
     def keys(self, *names):
         self._xdotool("key", "--delay", "20", *names)
+
+    def value_of(self, name):
+        """Where the slider of that name stands; None where there is none."""
+        control = self.find(name, roles=("slider",))
+        return _ask(lambda: Atspi.Value.get_current_value(control)) if control else None
+
+    def point_at(self, x, y):
+        self._xdotool("mousemove", str(x), str(y))
+
+    def type(self, words):
+        self._xdotool("type", "--delay", "12", "--", words)
+
+    def click_at(self, x, y):
+        """A left click at a place of the display."""
+        self._xdotool("mousemove", str(x), str(y), "click", "1")
+
+    def drag(self, places):
+        """Through places of the display with the left button held, in steps as a hand makes them."""
+        (x, y), *others = places
+        steps = ["mousemove", str(x), str(y), "mousedown", "1"]
+        for to_x, to_y in others:
+            count = max(1, int(max(abs(to_x - x), abs(to_y - y)) / 8))
+            for step in range(1, count + 1):
+                steps += ["mousemove", str(x + (to_x - x) * step // count), str(y + (to_y - y) * step // count)]
+            x, y = to_x, to_y
+        self._xdotool(*steps, "mouseup", "1")
 
     def close(self):
         """Closes the main window as a presenter does who knows the window manager's key."""

@@ -1,0 +1,55 @@
+"""One lecture of three minutes with everything the recorder has, from the deck to the review."""
+import os
+import pathlib
+import sys
+import unittest
+
+from PIL import Image
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tools" / "lecture"))
+
+from desktop import Desktop  # noqa: E402
+from frames import luma_of_picture, psnr  # noqa: E402
+from judge import judge  # noqa: E402
+from presenter import SAVED_BOX, Presenter  # noqa: E402
+from whole_lecture import LENGTH, hold_whole_lecture, page_server, review  # noqa: E402
+
+PROGRAM = pathlib.Path(os.environ.get("QUILLORA_PROGRAM", ROOT / "build" / "install" / "bin" / "quillora"))
+CAMERAS = os.environ.get("QUILLORA_FAKE_CAMERA")
+DECK = ROOT / "assets" / "sample_lecture.pptx"
+
+
+class WholeLecture(unittest.TestCase):
+    def test_with_everything_is_recorded_saved_and_reviewed(self):
+        with Desktop() as desktop, page_server() as page:
+            (desktop.folder / "cameras").mkdir()
+            # Chromium refuses to run as the superuser with its sandbox, and tests may.
+            presenter = Presenter(desktop, PROGRAM, QUILLORA_FAKE_CAMERAS=desktop.folder / "cameras",
+                                  LD_PRELOAD=CAMERAS, QTWEBENGINE_DISABLE_SANDBOX="1")
+            presenter.open_deck(DECK)
+            dialog = hold_whole_lecture(presenter, page)
+            out = desktop.folder / "lecture.asf"
+            presenter.save(dialog, out)
+            presenter.acknowledge(SAVED_BOX)
+            played = review(presenter)
+            self.assertEqual(presenter.leave(), 0)
+            verdict = judge(out, presenter.notes, desktop.folder / "judged", speech=desktop.speech)
+            print("\n".join(verdict.lines))
+            self.assertEqual(verdict.faults, [], "\n".join(verdict.faults))
+            self.assertGreater(presenter.notes.recorded()[0], LENGTH - 5)
+            self.assert_shows_first_slide(played, presenter.notes)
+
+    def assert_shows_first_slide(self, played, notes):
+        """The player shows the lecture's begin, within black borders where its ratio is another."""
+        shown = Image.open(played).convert("RGB")
+        first = luma_of_picture(next(scene.picture for scene in notes.scenes if scene.name == "slide 1"))
+        inside = shown.point(lambda level: 255 if level > 24 else 0).convert("L").getbbox()
+        self.assertIsNotNone(inside, "the player is black")
+        cut = played.with_suffix(".cut.png")
+        shown.crop(inside).save(cut)
+        self.assertGreater(psnr(luma_of_picture(cut), first), 14.0)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
