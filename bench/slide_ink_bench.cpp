@@ -18,6 +18,7 @@
 #include "tests/support/private_x_server.h"
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
 
