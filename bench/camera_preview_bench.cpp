@@ -51,7 +51,8 @@ class PaintCounter : public QObject {
 
 void turn(int milliseconds)
 {
-    QTimer::singleShot(milliseconds, qApp, &QApplication::quit);
+    // Not quit(), which closes the window.
+    QTimer::singleShot(milliseconds, qApp, [] { QApplication::exit(); });
     QApplication::exec();
 }
 
