@@ -12,6 +12,7 @@ from desktop import Desktop
 from judge import judge
 from presenter import SAVED_BOX, Presenter
 from processes import Failure
+from stagehand import tour
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SAMPLE_DECK = ROOT / "assets" / "sample_lecture.pptx"
@@ -59,8 +60,8 @@ def demonstrate(desktop, arguments):
         return record_without_slides(presenter)
     shots.take("deck")
     out.unlink(missing_ok=True)
-    print("Recording: the countdown, then about 30 s.", flush=True)
-    dialog = hold_lecture(presenter, shots.take)
+    print("Recording: the countdown, about 30 s of slides, and then each media and window mode.", flush=True)
+    dialog = hold_lecture(presenter, shots.take, encore=lambda: tour(presenter, shots.take))
     print(f"Recorded about {presenter.notes.recorded()[0]:.0f} s; saving.", flush=True)
     pictures = keep_pictures(desktop)
     presenter.save(dialog, out)
@@ -89,9 +90,9 @@ def record_without_slides(presenter):
                   "without a first slide there is nothing to pack, and Stop ends without a save dialog")
 
 
-def hold_lecture(presenter, take_shot=lambda name: None):
-    """Half a minute: next, next, previous, a pause with a move in it, last, first; then Stop. Gives the save
-    dialog."""
+def hold_lecture(presenter, take_shot=lambda name: None, encore=lambda: None):
+    """Half a minute: next, next, previous, a pause with a move in it, last, first; then the encore, and Stop. Gives
+    the save dialog."""
     presenter.record()
     presenter.wait(4)
     presenter.move("next")
@@ -113,6 +114,7 @@ def hold_lecture(presenter, take_shot=lambda name: None):
     presenter.wait(4)
     presenter.move("first")
     presenter.wait(4)
+    encore()
     return presenter.stop()
 
 
