@@ -5,6 +5,7 @@
 #include "deck/slide_viewer.h"
 #include "forms/image_surface_widget.h"
 #include "forms/notes_panel.h"
+#include "forms/task_pane_widget.h"
 #include "session/session_fields.h"
 #include "session/slide_time_index.h"
 #include "session/workspace.h"
@@ -76,6 +77,7 @@ class SlideInkFormTest : public FormTest {
     {
         QWidget* widget = find(control);
         ASSERT_NE(widget, nullptr) << control;
+        form.ebDemo().ensureWidgetVisible(widget);
         moveTo(widget->mapToGlobal(QPoint(14, widget->height() / 2)));
         pointer({"click", "1"});
         tests::settle(60);
