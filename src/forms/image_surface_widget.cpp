@@ -25,7 +25,7 @@ void ImageSurfaceWidget::LoadFile(const std::filesystem::path& picture)
     if (m_display == Display::fitted) {
         decodeLater(std::move(file));
     } else {
-        m_picture = decodePicture(file);
+        m_picture = m_last.decode(file);
         pictureChanged();
     }
     emit pictureLoaded(picture);
@@ -52,7 +52,7 @@ void ImageSurfaceWidget::stretch(QSize formPixels)
 {
     const QSize size = displayPixels(formPixels);
     if (m_picture.size() != size)
-        m_picture = m_picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        m_picture = m_last.stretch(m_picture, size);
     m_picture.setDevicePixelRatio(devicePixelRatioF());
     pictureChanged();
 }
@@ -71,7 +71,7 @@ void ImageSurfaceWidget::decodeNow()
     if (!undecoded)
         return;
     base::skipFailures([&] {
-        m_picture = decodePicture(undecoded->file);
+        m_picture = m_last.decode(undecoded->file);
         if (!undecoded->stretchedTo.isEmpty())
             stretch(undecoded->stretchedTo);
         pictureChanged();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "deck/image_surface.h"
+#include "forms/last_picture.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -75,6 +76,7 @@ class ImageSurfaceWidget : public QWidget, public deck::ImageSurface {
 
     Display m_display;
     QImage m_picture;
+    LastPicture m_last;
     std::optional<Undecoded> m_undecoded;
     /// Of Display::fitted: the picture in the widget's size, null until it is painted.
     QImage m_shown;

@@ -192,6 +192,36 @@ TEST_F(ImageSurfaceTest, LosesPenLinesWithThePicture)
     EXPECT_EQ(surface.picture(), picture);
 }
 
+TEST_F(ImageSurfaceTest, LosesPenLinesOfAStretchedPictureWhenTheSameIsLoadedAgain)
+{
+    const auto file = save(busyPicture({64, 36}), "slide.png");
+    const auto show = [&] {
+        surface.LoadFile(file);
+        surface.ResizeImage(128, 72);
+        return surface.picture();
+    };
+    const QImage clean = show();
+    surface.DrawSegment(0, 0, 120, 60);
+    EXPECT_NE(surface.picture(), clean);
+    EXPECT_EQ(show(), clean);
+}
+
+TEST_F(ImageSurfaceTest, KeepsPenLinesWhenItIsStretched)
+{
+    surface.LoadFile(save(plainPicture({64, 36}, Qt::white), "slide.png"));
+    surface.ResizeImage(128, 72);
+    surface.DrawSegment(0, 0, 120, 60);
+    surface.ResizeImage(64, 36);
+    EXPECT_NE(surface.picture(), plainPicture({64, 36}, Qt::white));
+}
+
+TEST_F(ImageSurfaceTest, ShowsAFileThatWasWrittenAnewUnderItsName)
+{
+    surface.LoadFile(save(plainPicture({64, 36}, Qt::red), "slide.png"));
+    surface.LoadFile(save(plainPicture({64, 36}, Qt::blue), "slide.png"));
+    EXPECT_EQ(surface.picture(), plainPicture({64, 36}, Qt::blue));
+}
+
 TEST_F(ImageSurfaceTest, PreviewTakesThePictureOfTheLastFileAndSize)
 {
     preview.LoadFile(save(busyPicture({32, 18}), "first.png"));

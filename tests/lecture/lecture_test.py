@@ -313,12 +313,15 @@ class Camera(LectureTest):
     def test_a_camera_that_is_unplugged_does_not_disturb_the_recording(self):
         desktop = self.desktop()
         presenter = self.presenter(desktop)
+        # The camera's bar, which opening a deck has closed, opens with this mode.
+        presenter.window.press("Camera alone")
         presenter.window.press("Switch the camera on")
         self.wait_for_colours(presenter, {(373, 20): self.WALL})
         presenter.record()
         presenter.wait(2)
         (self.script / "video0").write_text("unplugged")
         self.wait_for_colours(presenter, {(373, 20): (0, 0, 0)})
+        presenter.window.press("Media alone")
         presenter.move("next")
         presenter.wait(2)
         out = desktop.folder / "lecture.asf"
@@ -330,8 +333,11 @@ class Camera(LectureTest):
         desktop = self.desktop()
         (self.script / "video0").write_text("stalled-start")
         presenter = self.presenter(desktop)
+        # The camera's bar, which opening a deck has closed, opens with this mode.
+        presenter.window.press("Camera alone")
         presenter.window.press("Switch the camera on")
-        # It stays where it was, black, and the presenter goes on.
+        # Its frame is black, and the presenter goes on; this mode opens the bar of the slides.
+        presenter.window.press("Media alone")
         self.assertEqual(presenter.move("next"), 2)
         self.assertEqual(presenter.leave(), 0)
 
