@@ -1,6 +1,8 @@
 #include "app/stage_parts.h"
 
+#include "base/skip_failures.h"
 #include "forms/backdrop_widget.h"
+#include "forms/camera_panel.h"
 #include "forms/corner_buttons.h"
 #include "forms/mode_strip.h"
 #include "forms/stage_widget.h"
@@ -64,6 +66,12 @@ void StageParts::connectWindow(forms::Vantry_frm& window)
     auto& stage = window.Picture1();
     on(stage, &forms::StageWidget::Image1_Click, m_deckShortcut, &stage::DeckShortcut::Image1_Click);
     on(stage, &forms::StageWidget::changeback_btn_Click, m_backdrop, &stage::Backdrop::changeback_btn_Click);
+    // A file that is no picture ends these two without a word; the button on the stage tells the presenter.
+    using forms::CameraPanel;
+    QObject::connect(&window.PicDraw1(), &CameraPanel::Label19_Click, &window,
+                     [this] { base::skipFailures([this] { m_backdrop.Label19_Click(); }); });
+    QObject::connect(&window.PicDraw1(), &CameraPanel::loadpic_lb_Click, &window,
+                     [this] { base::skipFailures([this] { m_backdrop.loadpic_lb_Click(); }); });
     using forms::ModeStrip;
     auto& strip = window.Picture_cont1();
     on(strip, &ModeStrip::Picture26_Click, commands, &StageCommands::Picture26_Click);

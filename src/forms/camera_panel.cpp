@@ -49,6 +49,9 @@ struct ControlNames {
 constexpr std::array<ControlNames, 3> kControls = {
     {{"Label11", "Brightness"}, {"Label12", "Contrast"}, {"Label13", "Hue"}}};
 
+/// Farther down than the panel is ever high, in pixels.
+constexpr int kBelowTheEdge = 1000;
+
 QString indexed(const char* name, int i) { return QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(i); }
 
 } // namespace
@@ -90,6 +93,28 @@ CameraPanel::CameraPanel(QWidget* parent) : QWidget(parent)
     device->addWidget(m_settings);
     column->addLayout(device);
     column->addWidget(makeControls());
+    makeBackdropCommands();
+}
+
+void CameraPanel::makeBackdropCommands()
+{
+    struct Command {
+        const char* name;
+        QString caption;
+        void (CameraPanel::*clicked)();
+    };
+    const Command commands[] = {{"Label19", tr("Change Background"), &CameraPanel::Label19_Click},
+                                {"loadpic_lb", tr("Background Picture"), &CameraPanel::loadpic_lb_Click}};
+    int top = kBelowTheEdge;
+    for (const Command& command : commands) {
+        auto* caption = new ClickLabel(command.caption, this,
+                                       [this, clicked = command.clicked] { emit(this->*clicked)(); });
+        caption->setObjectName(command.name);
+        caption->setAccessibleName(command.caption);
+        // The button on the stage has taken their place; they stand where nobody sees them.
+        caption->move(0, top);
+        top += caption->sizeHint().height();
+    }
 }
 
 QWidget* CameraPanel::makeSwitch()

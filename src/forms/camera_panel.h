@@ -45,6 +45,9 @@ class CameraPanel : public QWidget, public stage::CameraPanelView {
     void Label12_Click();
     void Label13_Click();
     void Label14_Click();
+    /// The older commands for the backdrop.
+    void Label19_Click();
+    void loadpic_lb_Click();
 
   private:
     struct Control {
@@ -54,6 +57,7 @@ class CameraPanel : public QWidget, public stage::CameraPanelView {
 
     QWidget* makeSwitch();
     QWidget* makeControls();
+    void makeBackdropCommands();
     Control makeControl(int i);
     const Control& control(int i) const { return m_controls.at(std::size_t(i)); }
 

@@ -25,6 +25,8 @@ class CameraPanelTest : public tests::FormTest {
         record(&CameraPanel::Combo1_Click, "device");
         record(&CameraPanel::Label12_Click, "Label12");
         record(&CameraPanel::Label13_Click, "Label13");
+        record(&CameraPanel::Label19_Click, "Label19");
+        record(&CameraPanel::loadpic_lb_Click, "loadpic_lb");
         record(&CameraPanel::Label14_Click, "settings");
         QObject::connect(&panel, &CameraPanel::Slider1_Change,
                          [this](int i) { said.push_back("slider " + std::to_string(i)); });
@@ -141,6 +143,15 @@ TEST_F(CameraPanelTest, CaptionOfContrastIsACommandAndTheOthersAreOutOfThePointe
     EXPECT_EQ(said, Words{"Label12"});
     QWidget* hue = find("Label13");
     EXPECT_NE(form.childAt(hue->mapTo(&form, hue->rect().center())), hue);
+}
+
+TEST_F(CameraPanelTest, OlderCommandsForTheBackdropStandBelowItsEdge)
+{
+    for (const char* name : {"Label19", "loadpic_lb"}) {
+        EXPECT_GT(find(name)->y(), panel.height());
+        QTest::mouseClick(find(name), Qt::LeftButton);
+    }
+    EXPECT_EQ(said, (Words{"Label19", "loadpic_lb"}));
 }
 
 TEST_F(CameraPanelTest, SettingsAreAButtonThatTheKeyboardReaches)
