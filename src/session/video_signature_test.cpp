@@ -39,7 +39,7 @@ TEST_F(VideoSignatureTest, IsAllOfIt)
     for (std::size_t length = 0; length < kBegin.size(); ++length)
         EXPECT_FALSE(isWindowsMedia(with(kBegin.substr(0, length)))) << length;
     auto other = kBegin;
-    other.back() = 'l';
+    other.back() = 'm';
     EXPECT_FALSE(isWindowsMedia(with(other)));
 }
 
