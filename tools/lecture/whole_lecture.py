@@ -39,7 +39,7 @@ def hold_whole_lecture(presenter, page):
     presenter.resume()
     _record_the_screen(presenter, hand)
     hand.show("slides")
-    presenter.wait(LENGTH - 10 - presenter.notes.recorded()[0])
+    presenter.wait(LENGTH - presenter.notes.recorded()[0])
     presenter.move("last")
     hand.keep_scene("the last slide")
     presenter.move("first")
