@@ -1,5 +1,7 @@
 #include "tests/forms/browser_fixture.h"
 
+#include "tests/support/file_contents.h"
+
 #include <QPushButton>
 #include <QTest>
 #include <QWheelEvent>
@@ -35,6 +37,18 @@ TEST_F(WebBrowserTest, ShowsThePageOnEveryOneOfItsPixels)
     browser.setGeometry(0, 0, 560, 420);
     EXPECT_TRUE(shows(Qt::red));
     browser.setGeometry(0, 0, 747, 420);
+    EXPECT_TRUE(shows(Qt::red));
+}
+
+TEST_F(WebBrowserTest, ShowsAPageWhereMemoryToShareIsScarce)
+{
+    const auto program = folder.path() / "browser";
+    tests::writeFile(program, "#!/bin/sh\nexec bwrap --dev-bind / / --size 65536 --tmpfs /dev/shm --die-with-parent " +
+                                  std::string(QUILLORA_BROWSER) + " \"$@\"\n");
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    forms::webengine::BrowserProcess poorHost(program);
+    browser.setPageHost(poorHost);
+    visit("/red", "red");
     EXPECT_TRUE(shows(Qt::red));
 }
 

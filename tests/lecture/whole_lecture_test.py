@@ -1,33 +1,24 @@
 """One lecture of three minutes with everything the recorder has, from the deck to the review."""
 import os
-import pathlib
-import sys
-import unittest
 
 from PIL import Image
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "tools" / "lecture"))
+from lecture_case import LectureTest, main
 
-from desktop import Desktop  # noqa: E402
-from frames import luma_of_picture, psnr  # noqa: E402
-from judge import judge  # noqa: E402
-from presenter import SAVED_BOX, Presenter  # noqa: E402
-from whole_lecture import LENGTH, hold_whole_lecture, page_server, review  # noqa: E402
-
-PROGRAM = pathlib.Path(os.environ.get("QUILLORA_PROGRAM", ROOT / "build" / "install" / "bin" / "quillora"))
-CAMERAS = os.environ.get("QUILLORA_FAKE_CAMERA")
-DECK = ROOT / "assets" / "sample_lecture.pptx"
+from frames import luma_of_picture, psnr
+from judge import judge
+from presenter import SAVED_BOX
+from whole_lecture import LENGTH, hold_whole_lecture, page_server, review
 
 
-class WholeLecture(unittest.TestCase):
+class WholeLecture(LectureTest):
     def test_with_everything_is_recorded_saved_and_reviewed(self):
-        with Desktop() as desktop, page_server() as page:
+        desktop = self.desktop()
+        with page_server() as page:
             (desktop.folder / "cameras").mkdir()
             # Chromium refuses to run as the superuser with its sandbox, and tests may.
-            presenter = Presenter(desktop, PROGRAM, QUILLORA_FAKE_CAMERAS=desktop.folder / "cameras",
-                                  LD_PRELOAD=CAMERAS, QTWEBENGINE_DISABLE_SANDBOX="1")
-            presenter.open_deck(DECK)
+            presenter = self.presenter(desktop, QUILLORA_FAKE_CAMERAS=desktop.folder / "cameras",
+                                       LD_PRELOAD=os.environ["QUILLORA_FAKE_CAMERA"], QTWEBENGINE_DISABLE_SANDBOX="1")
             dialog = hold_whole_lecture(presenter, page)
             out = desktop.folder / "lecture.asf"
             presenter.save(dialog, out)
@@ -52,4 +43,4 @@ class WholeLecture(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main(verbosity=2)
+    main()

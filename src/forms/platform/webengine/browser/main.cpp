@@ -8,6 +8,7 @@
 
 #include <fcntl.h>
 #include <sys/prctl.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -18,6 +19,16 @@
 using namespace quillora::forms::webengine;
 
 namespace {
+
+/// What a few pages may share among the engine's processes at once, in bytes. A container has 64 MB by default.
+constexpr quint64 kSharedMemoryOfPages = 256 * 1024 * 1024;
+
+bool sharedMemoryIsScarce()
+{
+    struct statvfs state = {};
+    return ::access("/dev/shm", W_OK) != 0 || ::statvfs("/dev/shm", &state) != 0 ||
+           quint64(state.f_bavail) * state.f_frsize < kSharedMemoryOfPages;
+}
 
 /// Takes the pipe to the recorder away from everything that prints: the engine's libraries may.
 int keepReportsApart()
@@ -32,6 +43,10 @@ int run(int argc, char** argv)
     const int reports = keepReportsApart();
     SharedPicture picture(std::atoi(argv[1]));
     ::fcntl(picture.descriptor(), F_SETFD, FD_CLOEXEC);
+    // A page for which /dev/shm has no room stays blank, and nothing says why: then the folder for temporary
+    // files takes its place, at the price of some writing to the disk.
+    if (sharedMemoryIsScarce())
+        qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--disable-dev-shm-usage");
     // A window that a page was granted looks like what it belongs to.
     QApplication application(argc, argv);
     QApplication::setApplicationName("Quillora");
