@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/scaling_axis.h"
 #include "capture/pixel_rectangle.h"
 #include "capture/screen_image.h"
 
@@ -28,27 +29,8 @@ class ImageScaler {
     PixelRectangle scale(const ScreenImageView& from, const PixelRectangle& changed, ScreenImage& to);
 
   private:
-    /// Which source places make up each target place, and with which weights; in one direction.
-    struct Axis {
-        Axis(int fromLength, int toLength);
-
-        int from;
-        int to;
-        int taps;
-        std::vector<int> first{};
-        /// taps for each target place, their sum 2^14.
-        std::vector<std::int16_t> weights{};
-
-        /// The target places that depend on the source places from @p begin up to @p end.
-        std::pair<int, int> dependentOn(int begin, int end) const;
-        const std::int16_t* weightsOf(int place) const
-        {
-            return weights.data() + std::ptrdiff_t(place) * taps;
-        }
-    };
-
-    Axis m_columns;
-    Axis m_rows;
+    base::ScalingAxis m_columns;
+    base::ScalingAxis m_rows;
     std::vector<std::uint8_t> m_line{};
 };
 

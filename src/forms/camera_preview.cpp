@@ -6,13 +6,6 @@
 
 namespace quillora::forms {
 
-namespace {
-
-/// Past this a pixel on the screen stands for more pixels of the camera than the quick filter looks at.
-constexpr double kLargestQuickReduction = 2;
-
-} // namespace
-
 CameraPreview::CameraPreview(QWidget* parent) : QWidget(parent)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -22,7 +15,7 @@ CameraPreview::CameraPreview(QWidget* parent) : QWidget(parent)
 void CameraPreview::showPicturesOf(stage::NewestFrame& frames)
 {
     m_frames = &frames;
-    frames.setWanted(isVisible());
+    tellRoom();
     frames.onChange(
         [this] { QMetaObject::invokeMethod(this, &CameraPreview::takeNewest, Qt::QueuedConnection); });
 }
@@ -36,18 +29,37 @@ void CameraPreview::takeNewest()
     update(before | place());
 }
 
+QRect CameraPreview::seen() const
+{
+    // A corner can leave the frame as high as the whole stage, and most of it below the stage's edge.
+    return rect() & parentWidget()->rect().translated(-pos());
+}
+
+void CameraPreview::tellRoom()
+{
+    if (!m_frames)
+        return;
+    const QSize room = isVisible() ? (QSizeF(seen().size()) * devicePixelRatioF()).toSize() : QSize(0, 0);
+    m_frames->setRoom({room.width(), room.height()});
+}
+
 QRect CameraPreview::place() const
 {
     if (m_frame.empty())
         return rect();
-    // A corner can leave the frame as high as the whole stage, and most of it below the stage's edge.
-    const QRect seen = rect() & parentWidget()->rect().translated(-pos());
+    const QRect seen = this->seen();
     const QSize shown = QSize(m_frame.width, m_frame.height).scaled(seen.size(), Qt::KeepAspectRatio);
     return {seen.topLeft() + QPoint((seen.width() - shown.width()) / 2, (seen.height() - shown.height()) / 2),
             shown};
 }
 
-void CameraPreview::moveEvent(QMoveEvent*) { update(); }
+void CameraPreview::moveEvent(QMoveEvent*)
+{
+    tellRoom();
+    update();
+}
+
+void CameraPreview::resizeEvent(QResizeEvent*) { tellRoom(); }
 
 void CameraPreview::paintEvent(QPaintEvent* event)
 {
@@ -59,27 +71,19 @@ void CameraPreview::paintEvent(QPaintEvent* event)
         return;
     const QImage image(reinterpret_cast<const uchar*>(m_frame.pixels.data()), m_frame.width, m_frame.height,
                        m_frame.width * 4, QImage::Format_RGB32);
-    const QSize onDisplay = (QSizeF(picture.size()) * devicePixelRatioF()).toSize();
-    if (m_frame.width > kLargestQuickReduction * onDisplay.width()) {
-        QImage reduced = image.scaled(onDisplay, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-        painter.drawImage(picture, reduced);
-        return;
-    }
+    // Most pictures come in the size of their place. What is left is one for which there is more room than it
+    // needs, and the last one from before the place changed.
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(picture, image);
 }
 
-void CameraPreview::showEvent(QShowEvent*)
-{
-    if (m_frames)
-        m_frames->setWanted(true);
-}
+void CameraPreview::showEvent(QShowEvent*) { tellRoom(); }
 
 void CameraPreview::hideEvent(QHideEvent*)
 {
     if (!m_frames)
         return;
-    m_frames->setWanted(false);
+    tellRoom();
     // Shown again, it must not begin with a moment that is long over.
     m_frame = {};
     stage::CameraFrame ignored;

@@ -21,11 +21,15 @@ class CameraPreview : public QWidget {
   protected:
     void paintEvent(QPaintEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
   private:
     void takeNewest();
+    /// What the stage's edge leaves of the surface.
+    QRect seen() const;
+    void tellRoom();
     /// Where the picture stands, in pixels of the form.
     QRect place() const;
 

@@ -33,6 +33,18 @@ bool NewestFrame::take(CameraFrame& frame)
     return true;
 }
 
+void NewestFrame::setRoom(FrameSize room)
+{
+    const std::lock_guard lock(m_mutex);
+    m_room = room;
+}
+
+FrameSize NewestFrame::room() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_room;
+}
+
 void NewestFrame::announce(std::unique_lock<std::mutex>& lock)
 {
     const bool known = std::exchange(m_fresh, true);

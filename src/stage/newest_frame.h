@@ -1,12 +1,21 @@
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <mutex>
 #include <vector>
 
 namespace quillora::stage {
+
+/// In pixels.
+struct FrameSize {
+    int width = 0;
+    int height = 0;
+
+    bool empty() const { return width <= 0 || height <= 0; }
+    bool operator==(const FrameSize&) const = default;
+};
 
 /// One picture of a camera: rows from the top, each pixel 0xFFRRGGBB.
 struct CameraFrame {
@@ -34,18 +43,20 @@ class NewestFrame {
     /// nothing has changed since the last time. Any thread.
     bool take(CameraFrame& frame);
 
-    /// Whether anybody looks at the pictures: a camera that fills a hidden surface can spare itself the work.
-    void setWanted(bool wanted) { m_wanted = wanted; }
-    bool wanted() const { return m_wanted; }
+    /// How much of the screen there is for a picture; a larger one had better be made to fit it on the
+    /// camera's thread. Empty while nobody looks: a camera that fills a hidden surface can spare itself the
+    /// work. At first any picture has room.
+    void setRoom(FrameSize room);
+    FrameSize room() const;
 
   private:
     void announce(std::unique_lock<std::mutex>& lock);
 
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     CameraFrame m_frame{};
     bool m_fresh = false;
     std::function<void()> m_changed = [] {};
-    std::atomic<bool> m_wanted = true;
+    FrameSize m_room{std::numeric_limits<int>::max(), std::numeric_limits<int>::max()};
 };
 
 } // namespace quillora::stage

@@ -53,11 +53,12 @@ struct ColourTerms {
     std::vector<std::int16_t> green;
     std::vector<std::int16_t> blue;
 
-    explicit ColourTerms(int width) : red(width), green(width), blue(width) {}
+    /// Of @p pairs of pixels.
+    explicit ColourTerms(int pairs) : red(2 * pairs), green(2 * pairs), blue(2 * pairs) {}
 
-    void read(const std::uint8_t* u, const std::uint8_t* v, int width, const Matrix& matrix)
+    void read(const std::uint8_t* u, const std::uint8_t* v, int pairs, const Matrix& matrix)
     {
-        for (int x = 0; x < width / 2; ++x) {
+        for (int x = 0; x < pairs; ++x) {
             const auto blueness = std::int16_t((u[x] - 128) << kColourShift);
             const auto redness = std::int16_t((v[x] - 128) << kColourShift);
             const auto green1 =
@@ -118,18 +119,20 @@ void convertRow(const std::uint8_t* brightness, const ColourTerms& terms, int wi
 void toRgb(std::span<const std::uint8_t> planes, int width, int height, YuvRange range, CameraFrame& frame)
 {
     const std::size_t area = std::size_t(width) * std::size_t(height);
-    if (width <= 0 || height <= 0 || width % 2 != 0 || height % 2 != 0 || planes.size() < area + area / 2)
+    const int pairs = (width + 1) / 2;
+    const std::size_t colourArea = std::size_t(pairs) * std::size_t((height + 1) / 2);
+    if (width <= 0 || height <= 0 || planes.size() < area + 2 * colourArea)
         throw std::invalid_argument("a camera picture without all of its planes");
     const Matrix& matrix = range == YuvRange::limited ? kLimited : kFull;
     frame.width = width;
     frame.height = height;
     frame.pixels.resize(area);
     const std::uint8_t* u = planes.data() + area;
-    const std::uint8_t* v = u + area / 4;
-    ColourTerms terms(width);
+    const std::uint8_t* v = u + colourArea;
+    ColourTerms terms(pairs);
     for (int y = 0; y < height; ++y) {
         if (y % 2 == 0)
-            terms.read(u + y / 2 * (width / 2), v + y / 2 * (width / 2), width, matrix);
+            terms.read(u + y / 2 * pairs, v + y / 2 * pairs, pairs, matrix);
         convertRow(planes.data() + std::size_t(y) * width, terms, width, matrix,
                    frame.pixels.data() + std::size_t(y) * width);
     }

@@ -101,10 +101,21 @@ TEST(YuvPicture, IsTheSameWhereverInARowAPixelStands)
     }
 }
 
+TEST(YuvPicture, MayEndWithHalfOfAColoursPixels)
+{
+    // Three columns and one row: two places of colour, the second for one pixel alone.
+    const std::vector<std::uint8_t> planes{100, 100, 100, 128, 200, 128, 128};
+    CameraFrame frame;
+    toRgb(planes, 3, 1, YuvRange::full, frame);
+    ASSERT_EQ(frame.pixels.size(), 3U);
+    EXPECT_LE(distance(frame.pixels[1], expected(100, 128, 128, YuvRange::full)), 2);
+    EXPECT_LE(distance(frame.pixels[2], expected(100, 200, 128, YuvRange::full)), 2);
+}
+
 TEST(YuvPicture, IsRefusedWithoutAllOfItsPlanes)
 {
     CameraFrame frame;
     EXPECT_THROW(toRgb(std::vector<std::uint8_t>(23), 4, 4, YuvRange::full, frame), std::invalid_argument);
-    EXPECT_THROW(toRgb(std::vector<std::uint8_t>(100), 3, 4, YuvRange::full, frame), std::invalid_argument);
+    EXPECT_THROW(toRgb(std::vector<std::uint8_t>(19), 3, 4, YuvRange::full, frame), std::invalid_argument);
     EXPECT_THROW(toRgb({}, 0, 0, YuvRange::full, frame), std::invalid_argument);
 }

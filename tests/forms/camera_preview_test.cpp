@@ -122,11 +122,11 @@ TEST_F(CameraPreviewTest, TurnsBlackWhenTheCameraGoes)
 
 TEST_F(CameraPreviewTest, WantsNoPicturesWhileItIsHidden)
 {
-    EXPECT_FALSE(frames.wanted());
+    EXPECT_TRUE(frames.room().empty());
     show(kWhole);
-    EXPECT_TRUE(frames.wanted());
+    EXPECT_FALSE(frames.room().empty());
     camera.setVisible(false);
-    EXPECT_FALSE(frames.wanted());
+    EXPECT_TRUE(frames.room().empty());
 }
 
 TEST_F(CameraPreviewTest, DoesNotBeginWithTheLastMomentBeforeItWasHidden)

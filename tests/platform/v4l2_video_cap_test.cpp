@@ -1,5 +1,6 @@
 #include "stage/platform/v4l2/v4l2_video_cap.h"
 
+#include "stage/planar_scaler.h"
 #include "tests/support/fake_camera/fake_camera_script.h"
 
 #include <gtest/gtest.h>
@@ -176,13 +177,25 @@ TEST_F(V4l2VideoCapTest, SparesThePicturesThatNobodySees)
 {
     connect(0);
     ASSERT_TRUE(waitForPicture());
-    frames.setWanted(false);
+    frames.setRoom({});
     std::this_thread::sleep_for(100ms);
     frames.take(frame);
     std::this_thread::sleep_for(150ms);
     EXPECT_FALSE(frames.take(frame));
-    frames.setWanted(true);
+    frames.setRoom({640, 480});
     EXPECT_TRUE(waitForPicture());
+}
+
+TEST_F(V4l2VideoCapTest, MakesThePicturesFitTheirRoom)
+{
+    connect(0);
+    for (const stage::FrameSize room : {stage::FrameSize{747, 420}, {173, 130}, {2000, 2000}}) {
+        frames.setRoom(room);
+        const stage::FrameSize expected = stage::fitted({640, 480}, room);
+        ASSERT_TRUE(waitUntil([&] { return waitForPicture() && frame.width == expected.width; }))
+            << room.width;
+        EXPECT_EQ(frame.height, expected.height);
+    }
 }
 
 TEST_F(V4l2VideoCapTest, TellsTheRangesOfThePictureControls)

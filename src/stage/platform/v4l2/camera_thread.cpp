@@ -156,10 +156,11 @@ class CameraThread::Line {
         const bool stop = m_orders.stop;
         return std::exchange(m_orders, Orders{.stop = stop});
     }
-    bool pictureWanted() const
+    /// Empty where no picture is wanted.
+    FrameSize room() const
     {
         const std::lock_guard lock(m_mutex);
-        return m_frames && m_preview && m_frames->wanted();
+        return m_frames && m_preview ? m_frames->room() : FrameSize{};
     }
     void offer(CameraFrame& frame)
     {
@@ -239,8 +240,7 @@ void film(const CameraThread::Target& target, Line& line)
             return;
         if (orders.refresh || !orders.changes.empty())
             obey(device, line, orders);
-        const auto wanted = line.pictureWanted() ? FrameStream::Wanted::yes : FrameStream::Wanted::no;
-        if (stream.take(wanted, frame))
+        if (stream.take(line.room(), frame))
             line.offer(frame);
     }
 }

@@ -158,7 +158,7 @@ void FrameStream::queue(std::uint32_t buffer)
     m_device.request(VIDIOC_QBUF, &description, "the camera is gone");
 }
 
-bool FrameStream::take(Wanted wanted, CameraFrame& frame)
+bool FrameStream::take(FrameSize room, CameraFrame& frame)
 {
     std::optional<Filled> newest;
     // No more than there are buffers: a device that always has one would keep the loop going for ever.
@@ -172,12 +172,12 @@ bool FrameStream::take(Wanted wanted, CameraFrame& frame)
     }
     if (!newest)
         return false;
-    const bool converted = wanted == Wanted::yes && newest->length > 0 && convert(*newest, frame);
+    const bool converted = !room.empty() && newest->length > 0 && convert(*newest, room, frame);
     queue(newest->buffer);
     return converted;
 }
 
-bool FrameStream::convert(const Filled& filled, CameraFrame& frame)
+bool FrameStream::convert(const Filled& filled, FrameSize room, CameraFrame& frame)
 {
     const auto bytes = m_buffers[filled.buffer].bytes();
     const int length = v4lconvert_convert(m_converter.get(), &m_sent, &m_planar, bytes.data(),
@@ -185,7 +185,15 @@ bool FrameStream::convert(const Filled& filled, CameraFrame& frame)
     // A picture that was damaged on the way, which cameras send now and then: the next one comes soon.
     if (length < 0)
         return false;
-    toRgb(m_planes, int(m_planar.fmt.pix.width), int(m_planar.fmt.pix.height), m_range, frame);
+    const FrameSize sent{int(m_planar.fmt.pix.width), int(m_planar.fmt.pix.height)};
+    const FrameSize shown = fitted(sent, room);
+    std::span<const std::uint8_t> planes = m_planes;
+    if (shown != sent) {
+        if (!m_scaler || !m_scaler->scales(sent, shown))
+            m_scaler.emplace(sent, shown);
+        planes = m_scaler->scale(planes);
+    }
+    toRgb(planes, shown.width, shown.height, m_range, frame);
     return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "stage/newest_frame.h"
+#include "stage/planar_scaler.h"
 #include "stage/platform/v4l2/device.h"
 #include "stage/yuv_picture.h"
 
@@ -28,10 +29,10 @@ class FrameStream {
     FrameStream(const FrameStream&) = delete;
     FrameStream& operator=(const FrameStream&) = delete;
 
-    enum class Wanted { yes, no };
-    /// Takes all pictures that are waiting; turns the newest of them into @p frame if it is wanted and whole,
-    /// and says whether it did. Throws std::system_error when the device is gone.
-    bool take(Wanted wanted, CameraFrame& frame);
+    /// Takes all pictures that are waiting; turns the newest of them into @p frame, no larger than @p room,
+    /// if there is any room and the picture is whole, and says whether it did. Throws std::system_error when
+    /// the device is gone.
+    bool take(FrameSize room, CameraFrame& frame);
 
   private:
     struct Filled {
@@ -48,7 +49,7 @@ class FrameStream {
     void mapBuffers();
     std::optional<Filled> dequeue();
     void queue(std::uint32_t buffer);
-    bool convert(const Filled& filled, CameraFrame& frame);
+    bool convert(const Filled& filled, FrameSize room, CameraFrame& frame);
 
     const Device& m_device;
     std::unique_ptr<v4lconvert_data, DestroyConverter> m_converter;
@@ -57,6 +58,7 @@ class FrameStream {
     YuvRange m_range = YuvRange::limited;
     std::vector<Buffer> m_buffers;
     std::vector<std::uint8_t> m_planes;
+    std::optional<PlanarScaler> m_scaler;
 };
 
 } // namespace quillora::stage::v4l2
