@@ -8,6 +8,7 @@ namespace quillora::app {
 
 void QtMessageQueue::post(const messages::WindowMessage& message)
 {
+    // No exception may pass through the toolkit's event loop.
     QMetaObject::invokeMethod(
         &m_receiver, [this, message] { base::skipFailures([&] { deliver(message); }); },
         Qt::QueuedConnection);

@@ -114,6 +114,7 @@ TEST_F(RecordingEngineTest, SurvivesEveryOperationInEveryState)
 {
     engine.Stop();
     engine.Pause();
+    engine.setFileName("video.wmv");
     engine.Start();
     engine.Start();
     engine.Pause();
@@ -351,6 +352,9 @@ TEST_F(RecordingEngineTest, SaysThatTheFileCannotBeWrittenAndStaysIdle)
     engine.Pause();
     engine.Stop();
     world.media->refusesToOpen = false;
+    engine.Start();
+    EXPECT_EQ(world.media->opened, 0) << "nobody asked for another recording under this name";
+    engine.setFileName("second.wmv");
     engine.Start();
     engine.Stop();
     EXPECT_EQ(world.media->opened, 1);

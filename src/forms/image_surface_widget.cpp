@@ -70,6 +70,7 @@ void ImageSurfaceWidget::decodeNow()
     const auto undecoded = std::exchange(m_undecoded, std::nullopt);
     if (!undecoded)
         return;
+    // Whoever loaded it is not there any more to be told; a damaged picture leaves the last one standing.
     base::skipFailures([&] {
         m_picture = m_last.decode(undecoded->file);
         if (!undecoded->stretchedTo.isEmpty())

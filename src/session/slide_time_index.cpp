@@ -19,9 +19,10 @@ std::string entry(std::string_view slide, std::string_view time, std::string_vie
     return text.append("</slide>\r\n");
 }
 
-int secondsOf(std::string_view time)
+/// Counted in a type that the largest of clock readings cannot overflow.
+long long secondsOf(std::string_view time)
 {
-    std::array<int, 3> parts{};
+    std::array<long long, 3> parts{};
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const auto colon = time.find(':');
         if (colon == std::string_view::npos && i + 1 < parts.size())

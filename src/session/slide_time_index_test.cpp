@@ -24,6 +24,13 @@ class SlideTimeIndexTest : public testing::Test {
     }
 };
 
+TEST_F(SlideTimeIndexTest, CountsWhateverTheClockReads)
+{
+    note("2", "99999999:2147483647:59");
+    EXPECT_NE(index.slideEntries().find("<seconds>488849015279</seconds>"), std::string::npos)
+        << index.slideEntries();
+}
+
 TEST_F(SlideTimeIndexTest, WritesTheWholeFormat)
 {
     workspace.makeFolders();

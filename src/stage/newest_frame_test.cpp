@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
+#include <thread>
 
 using quillora::stage::CameraFrame;
 using quillora::stage::NewestFrame;
@@ -76,4 +78,33 @@ TEST_F(NewestFrameTest, LetsBuffersGoRound)
         }
         seen.push_back(taken.pixels.data());
     }
+}
+
+TEST_F(NewestFrameTest, IsFilledAndTakenByTwoThreadsAtOnce)
+{
+    constexpr std::uint32_t kPictures = 10'000;
+    std::atomic<bool> done = false;
+    newest.onChange([] {});
+    std::thread camera([&] {
+        for (std::uint32_t i = 1; i <= kPictures; ++i) {
+            // The colour by the room of the moment: of what a torn picture would be made.
+            put(newest.room().width > 1 ? i : i | 0x80000000U);
+            if (i % 1000 == 0)
+                newest.clear();
+        }
+        put(kPictures + 1);
+        done = true;
+    });
+    std::uint32_t last = 0;
+    for (bool end = false; !end;) {
+        end = done;
+        newest.setRoom({last % 2 == 0 ? 1 : 640, 480});
+        if (!newest.take(taken) || taken.empty())
+            continue;
+        EXPECT_EQ(taken.pixels.at(0), taken.pixels.at(1));
+        EXPECT_GT(taken.pixels[0] & 0x7FFFFFFFU, last) << "an older picture came back";
+        last = taken.pixels[0] & 0x7FFFFFFFU;
+    }
+    camera.join();
+    EXPECT_EQ(last, kPictures + 1);
 }

@@ -164,6 +164,8 @@ TEST_F(PulseSoundSourceTest, StopIsHarmlessWhenNothingWasStarted)
 {
     source.stop();
     source.stop();
+    source.start(heard);
+    EXPECT_TRUE(heard.has(0.2));
 }
 
 TEST_F(PulseSoundSourceTest, HearsAgainWhenTheServerComesBack)

@@ -1,5 +1,7 @@
 #include "capture/platform/ffmpeg/asf_muxer.h"
 
+#include "base/skip_failures.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -70,10 +72,8 @@ AsfMuxer::AsfMuxer(const std::filesystem::path& path, const AVCodecContext& vide
 
 AsfMuxer::~AsfMuxer()
 {
-    try {
-        close();
-    } catch (const std::exception&) {
-    }
+    // Whoever wants to know whether the end of the file was written calls close().
+    base::skipFailures([this] { close(); });
 }
 
 AsfMuxer::Track AsfMuxer::addTrack(const AVCodecContext& codec)
