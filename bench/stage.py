@@ -3,6 +3,7 @@ recorder of this project and the peer, and what each costs.
 
 The peer is ffmpeg's own screen grabber with the same codecs, region, rate and bitrate.
 """
+import ctypes
 import glob
 import os
 import re
@@ -18,6 +19,8 @@ from PIL import Image
 WIDTH, HEIGHT = 746, 420
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 TICKS = os.sysconf("SC_CLK_TCK")
+PR_SET_PDEATHSIG = 1
+_libc = ctypes.CDLL(None)
 
 
 def program(name):
@@ -68,7 +71,9 @@ class Stage:
 
     def start(self, command, **options):
         options.setdefault("stdout", subprocess.DEVNULL)
-        process = subprocess.Popen(command, env=self.environment, stderr=subprocess.DEVNULL, **options)
+        # A measurement that is killed leaves nothing behind that would disturb the next one.
+        process = subprocess.Popen(command, env=self.environment, stderr=subprocess.DEVNULL,
+                                   preexec_fn=lambda: _libc.prctl(PR_SET_PDEATHSIG, signal.SIGKILL, 0, 0, 0), **options)
         self.processes.append(process)
         return process
 

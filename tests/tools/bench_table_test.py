@@ -1,6 +1,8 @@
 """The table of bench/all: each of its rows has a program, each of its patterns a number."""
+import contextlib
 import importlib.machinery
 import importlib.util
+import io
 import pathlib
 import re
 import sys
@@ -32,6 +34,14 @@ class BenchTableTest(unittest.TestCase):
         for benchmark in self.benchmarks:
             for number in benchmark.numbers:
                 self.assertIn(re.compile(number.pattern).groups, (1, 2), f"{benchmark.name}: {number.what}")
+
+    def test_a_benchmark_that_broke_off_is_not_held(self):
+        table = load_table()
+        number = table.Number("what", "([0-9]+)", at_most=5)
+        for code, verdicts in ((0, ["held"]), (3, ["held", "MISSED"])):
+            with contextlib.redirect_stdout(io.StringIO()):
+                rows = table.run(table.Benchmark("of the test", ["/bin/sh", "-c", f"echo 4; exit {code}"], [number]))
+            self.assertEqual([row[3] for row in rows], verdicts)
 
     def test_a_number_is_held_to_its_limit(self):
         number = load_table().Number("what", "([0-9]+)", at_most=5)

@@ -115,6 +115,17 @@ class CheckLayersTest(unittest.TestCase):
     def test_adapters_of_one_folder_may_share_code(self):
         self.assert_passes("src/session/platform/posix/a.cpp", '#include "session/platform/zip/writer.h"\n')
 
+    def test_adapters_to_one_library_may_share_code_down_the_levels(self):
+        self.write("src/base/platform/zip/connection.h", "#pragma once\n")
+        self.assert_passes("src/session/platform/zip/a.cpp", '#include "base/platform/zip/connection.h"\n')
+
+    def test_adapters_to_one_library_keep_to_the_levels(self):
+        self.assert_faulty("src/drawing/platform/zip/a.cpp", '#include "session/platform/zip/writer.h"\n', 1, "across")
+
+    def test_an_adapter_that_uses_one_to_another_library_is_a_fault(self):
+        self.write("src/base/platform/posix/file.h", "#pragma once\n")
+        self.assert_faulty("src/session/platform/zip/a.cpp", '#include "base/platform/posix/file.h"\n', 1, "adapter")
+
     def test_a_header_right_under_platform_counts_as_an_adapter(self):
         self.write("src/session/platform/shared.h", "#include <unistd.h>\n")
         self.assert_faulty("src/session/a.cpp", '#include "session/platform/shared.h"\n', 1, "adapter")

@@ -59,23 +59,25 @@ def demonstrate(desktop, arguments):
     if presenter.notes.slides == 0:
         return record_without_slides(presenter)
     shots.take("deck")
-    out.unlink(missing_ok=True)
     print("Recording: the countdown, about 30 s of slides, and then each media and window mode.", flush=True)
     dialog = hold_lecture(presenter, shots.take, encore=lambda: tour(presenter, shots.take))
     print(f"Recorded about {presenter.notes.recorded()[0]:.0f} s; saving.", flush=True)
     pictures = keep_pictures(desktop)
-    presenter.save(dialog, out)
+    # A file that is there already stays until there is another to take its place.
+    saved = desktop.folder / "lecture.asf"
+    presenter.save(dialog, saved)
     presenter.acknowledge(SAVED_BOX)
     shots.take("saved")
     exit_code = presenter.leave()
-    verdict = judge(out, presenter.notes, desktop.folder / "judged", pictures, desktop.speech)
+    verdict = judge(saved, presenter.notes, desktop.folder / "judged", pictures, desktop.speech)
     verdict.require(exit_code == 0, f"the recorder ended with {exit_code}")
+    shutil.move(saved, out)
     print("\n".join(verdict.lines))
     for fault in verdict.faults:
         print(f"WRONG: {fault}")
     if verdict.faults:
         return 1
-    print("All of it is right.")
+    print(f"All of it is right: {out}")
     return 0
 
 

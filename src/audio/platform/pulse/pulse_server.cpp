@@ -144,7 +144,7 @@ bool PulseServer::order(
 
 bool PulseServer::perform(const Begin& begin)
 {
-    const auto now = PulseLoop::Clock::now();
+    const auto now = base::PulseConnection::Clock::now();
     if (now < m_restUntil)
         return false;
     const auto deadline = now + kPatience;
@@ -152,17 +152,17 @@ bool PulseServer::perform(const Begin& begin)
     if (performOnce(begin, deadline))
         return true;
     // A connection that is found broken may be that to a server which has been started again since.
-    const bool inTime = PulseLoop::Clock::now() < deadline;
+    const bool inTime = base::PulseConnection::Clock::now() < deadline;
     m_loop.reset();
     if (inTime && hadConnection && performOnce(begin, deadline))
         return true;
     m_loop.reset();
-    if (PulseLoop::Clock::now() >= deadline)
-        m_restUntil = PulseLoop::Clock::now() + kRest;
+    if (base::PulseConnection::Clock::now() >= deadline)
+        m_restUntil = base::PulseConnection::Clock::now() + kRest;
     return false;
 }
 
-bool PulseServer::performOnce(const Begin& begin, PulseLoop::Clock::time_point deadline)
+bool PulseServer::performOnce(const Begin& begin, base::PulseConnection::Clock::time_point deadline)
 {
     if (!m_loop)
         m_loop.emplace(m_address);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "audio/platform/pulse/pulse_loop.h"
 #include "audio/sound_inputs.h"
+#include "base/platform/pulse/pulse_connection.h"
 
 #include <cstdint>
 #include <optional>
@@ -33,13 +33,13 @@ class PulseServer : public SoundInputs {
 
     /// Whether the operation that @p begin begins ran to its end. Its callbacks are called before that only.
     bool perform(const Begin& begin);
-    bool performOnce(const Begin& begin, PulseLoop::Clock::time_point deadline);
+    bool performOnce(const Begin& begin, base::PulseConnection::Clock::time_point deadline);
     /// The same for one that says whether it succeeded.
     bool order(const std::function<pa_operation*(pa_context*, pa_context_success_cb_t, void*)>& begin);
 
     std::optional<std::string> m_address;
-    std::optional<PulseLoop> m_loop{};
-    PulseLoop::Clock::time_point m_restUntil{};
+    std::optional<base::PulseConnection> m_loop{};
+    base::PulseConnection::Clock::time_point m_restUntil{};
 };
 
 } // namespace quillora::audio

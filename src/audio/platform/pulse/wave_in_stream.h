@@ -1,7 +1,7 @@
 #pragma once
 
-#include "audio/platform/pulse/pulse_loop.h"
 #include "audio/wave_input.h"
+#include "base/platform/pulse/pulse_connection.h"
 #include "messages/message_queue.h"
 
 #include <condition_variable>
@@ -66,7 +66,7 @@ class WaveInStream {
     const pa_sample_spec m_form;
     const std::size_t m_frameBytes;
     const Target m_target;
-    PulseLoop m_loop;
+    base::PulseConnection m_loop;
 
     std::mutex m_mutex{};
     std::condition_variable m_stateChanged{};

@@ -1,6 +1,6 @@
 #include "capture/platform/pulse/input_names.h"
 
-#include "capture/platform/pulse/pulse_connection.h"
+#include "base/platform/pulse/pulse_connection.h"
 
 #include <algorithm>
 
@@ -48,9 +48,9 @@ void forget(pa_operation* operation)
 std::vector<std::string> inputNamesOf(const std::optional<std::string>& server,
                                       std::chrono::milliseconds limit)
 {
-    const auto deadline = PulseConnection::Clock::now() + limit;
+    const auto deadline = base::PulseConnection::Clock::now() + limit;
     Answer answer;
-    PulseConnection connection(server);
+    base::PulseConnection connection(server);
     if (!connection.turnUntil(deadline, [&] { return connection.ready(); }))
         return {};
     forget(pa_context_get_server_info(connection.context(), takeServerInfo, &answer));

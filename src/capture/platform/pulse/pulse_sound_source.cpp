@@ -1,7 +1,7 @@
 #include "capture/platform/pulse/pulse_sound_source.h"
 
+#include "base/platform/pulse/pulse_connection.h"
 #include "capture/platform/pulse/input_names.h"
-#include "capture/platform/pulse/pulse_connection.h"
 #include "capture/platform/pulse/record_stream.h"
 
 #include <algorithm>
@@ -63,7 +63,7 @@ void PulseSoundSource::read(const std::stop_token& stop, SoundSink& sink) const
 /// Until the connection or its stream fails, or stop is asked. Returns whether any sound came.
 bool PulseSoundSource::readOneConnection(const std::stop_token& stop, SoundSink& sink) const
 {
-    PulseConnection connection(m_server);
+    base::PulseConnection connection(m_server);
     const std::stop_callback waker(stop, [&] { connection.wake(); });
     std::optional<RecordStream> stream;
     bool delivered = false;

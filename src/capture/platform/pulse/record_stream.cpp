@@ -38,7 +38,7 @@ std::chrono::microseconds positionOf(std::int64_t bytes)
 
 } // namespace
 
-RecordStream::RecordStream(const PulseConnection& connection) : m_toSkip(samplesIn(kSkipped))
+RecordStream::RecordStream(const base::PulseConnection& connection) : m_toSkip(samplesIn(kSkipped))
 {
     const pa_sample_spec form{PA_SAMPLE_FLOAT32NE, kSoundRate, 1};
     m_stream.reset(pa_stream_new(connection.context(), "Narration", &form, nullptr));

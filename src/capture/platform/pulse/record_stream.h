@@ -1,6 +1,6 @@
 #pragma once
 
-#include "capture/platform/pulse/pulse_connection.h"
+#include "base/platform/pulse/pulse_connection.h"
 #include "capture/sound_source.h"
 
 #include <cstddef>
@@ -15,7 +15,7 @@ namespace quillora::capture {
 /// the stream to another one; where there is no other, the stream fails.
 class RecordStream {
   public:
-    explicit RecordStream(const PulseConnection& connection);
+    explicit RecordStream(const base::PulseConnection& connection);
 
     bool failed() const { return !m_opening || !PA_STREAM_IS_GOOD(pa_stream_get_state(m_stream.get())); }
     /// Hands on what has arrived. Returns whether anything had.

@@ -1,5 +1,6 @@
 #include "session/platform/pulse/pulse_beeper.h"
 
+#include "base/platform/pulse/pulse_connection.h"
 #include "session/platform/pulse/tone.h"
 
 #include <pulse/pulseaudio.h>
@@ -24,13 +25,7 @@ constexpr std::chrono::milliseconds kPatience{900};
 constexpr std::chrono::milliseconds kStore{50};
 
 struct Release {
-    void operator()(pa_mainloop* loop) const { pa_mainloop_free(loop); }
     void operator()(pa_operation* operation) const { pa_operation_unref(operation); }
-    void operator()(pa_context* context) const
-    {
-        pa_context_disconnect(context);
-        pa_context_unref(context);
-    }
     void operator()(pa_stream* stream) const
     {
         pa_stream_disconnect(stream);
@@ -44,22 +39,19 @@ using Held = std::unique_ptr<T, Release>;
 /// came off; the steps after one that didn't aren't tried.
 class Playback {
   public:
-    explicit Playback(Clock::time_point deadline) : m_deadline(deadline) {}
+    Playback(const std::optional<std::string>& server, Clock::time_point deadline)
+        : m_deadline(deadline), m_connection(server)
+    {}
 
-    bool connect(const char* server)
+    bool connect()
     {
-        // There is no loop where the process has no descriptor left for one.
-        if (m_loop)
-            m_context.reset(pa_context_new(pa_mainloop_get_api(m_loop.get()), "Quillora Recorder"));
-        return m_context &&
-               pa_context_connect(m_context.get(), server, PA_CONTEXT_NOAUTOSPAWN, nullptr) >= 0 &&
-               waitFor([&] { return pa_context_get_state(m_context.get()) == PA_CONTEXT_READY; });
+        return waitFor([&] { return m_connection.ready(); });
     }
 
     bool open()
     {
         const pa_sample_spec form{PA_SAMPLE_FLOAT32NE, kRate, 1};
-        m_stream.reset(pa_stream_new(m_context.get(), "Beep", &form, nullptr));
+        m_stream.reset(pa_stream_new(m_connection.context(), "Beep", &form, nullptr));
         pa_buffer_attr buffer{};
         buffer.maxlength = static_cast<std::uint32_t>(-1);
         buffer.tlength = static_cast<std::uint32_t>(kStore.count() * kRate / 1000) * sizeof(float);
@@ -95,11 +87,7 @@ class Playback {
     }
 
   private:
-    bool failed() const
-    {
-        return !PA_CONTEXT_IS_GOOD(pa_context_get_state(m_context.get())) ||
-               (m_stream && !PA_STREAM_IS_GOOD(pa_stream_get_state(m_stream.get())));
-    }
+    bool streamFailed() const { return m_stream && !PA_STREAM_IS_GOOD(pa_stream_get_state(m_stream.get())); }
 
     std::size_t writableBytes() const
     {
@@ -109,23 +97,12 @@ class Playback {
 
     bool waitFor(const std::function<bool()>& condition)
     {
-        while (!condition()) {
-            const Clock::time_point now = Clock::now();
-            if (failed() || now >= m_deadline)
-                return false;
-            const auto rest = std::chrono::ceil<std::chrono::microseconds>(m_deadline - now);
-            if (pa_mainloop_prepare(m_loop.get(),
-                                    static_cast<int>(std::min<std::int64_t>(rest.count(), 1'000'000))) < 0 ||
-                pa_mainloop_poll(m_loop.get()) < 0)
-                return false;
-            pa_mainloop_dispatch(m_loop.get());
-        }
-        return true;
+        return m_connection.turnUntil(m_deadline, [&] { return streamFailed() || condition(); }) &&
+               !streamFailed();
     }
 
     Clock::time_point m_deadline;
-    Held<pa_mainloop> m_loop{pa_mainloop_new()};
-    Held<pa_context> m_context{};
+    base::PulseConnection m_connection;
     Held<pa_stream> m_stream{};
 };
 
@@ -138,10 +115,9 @@ void PulseBeeper::Beep(int frequencyHz, std::chrono::milliseconds duration)
     const std::vector<float> samples = tone(frequencyHz, duration, kRate);
     if (samples.empty())
         return;
-    Playback playback(Clock::now() + duration + kPatience);
+    Playback playback(m_server, Clock::now() + duration + kPatience);
     // The tone is a help, not a need: a step that fails leaves it silent.
-    static_cast<void>(playback.connect(m_server ? m_server->c_str() : nullptr) && playback.open() &&
-                      playback.write(samples) && playback.drain());
+    static_cast<void>(playback.connect() && playback.open() && playback.write(samples) && playback.drain());
 }
 
 } // namespace quillora::session

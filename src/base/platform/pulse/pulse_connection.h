@@ -8,17 +8,19 @@
 #include <optional>
 #include <string>
 
-namespace quillora::audio {
+namespace quillora::base {
 
-/// One connection to a sound server with the loop that moves it on, turned by hand by whoever waits for
-/// something: so each wait has an end, and nothing is torn down from within a callback. For one thread. It
-/// never starts a server.
-class PulseLoop {
+/// One attempt at a connection to a sound server, and the loop that moves it on. For one thread. It never
+/// starts a server: where none runs, the user doesn't want one.
+///
+/// The loop is turned by hand and what came of it is looked at afterwards, instead of in callbacks: so each
+/// user can give up at any time, and nothing is torn down from within a callback.
+class PulseConnection {
   public:
     using Clock = std::chrono::steady_clock;
 
     /// @p server is PULSE_SERVER's syntax; without it the user's server. Never waits.
-    explicit PulseLoop(const std::optional<std::string>& server);
+    explicit PulseConnection(const std::optional<std::string>& server);
 
     pa_context* context() const { return m_context.get(); }
     bool ready() const { return m_context && pa_context_get_state(m_context.get()) == PA_CONTEXT_READY; }
@@ -37,8 +39,10 @@ class PulseLoop {
     void wake();
 
   private:
-    struct Free {
+    struct FreeLoop {
         void operator()(pa_mainloop* loop) const { pa_mainloop_free(loop); }
+    };
+    struct FreeContext {
         void operator()(pa_context* context) const
         {
             pa_context_disconnect(context);
@@ -46,9 +50,9 @@ class PulseLoop {
         }
     };
 
-    std::unique_ptr<pa_mainloop, Free> m_loop;
-    std::unique_ptr<pa_context, Free> m_context;
+    std::unique_ptr<pa_mainloop, FreeLoop> m_loop;
+    std::unique_ptr<pa_context, FreeContext> m_context;
     bool m_connecting = false;
 };
 
-} // namespace quillora::audio
+} // namespace quillora::base

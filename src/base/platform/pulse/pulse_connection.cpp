@@ -1,11 +1,11 @@
-#include "audio/platform/pulse/pulse_loop.h"
+#include "base/platform/pulse/pulse_connection.h"
 
 #include <algorithm>
 #include <limits>
 
-namespace quillora::audio {
+namespace quillora::base {
 
-PulseLoop::PulseLoop(const std::optional<std::string>& server) : m_loop(pa_mainloop_new())
+PulseConnection::PulseConnection(const std::optional<std::string>& server) : m_loop(pa_mainloop_new())
 {
     // There is no loop where the process has no descriptor left for one.
     if (m_loop)
@@ -14,7 +14,7 @@ PulseLoop::PulseLoop(const std::optional<std::string>& server) : m_loop(pa_mainl
                                                    PA_CONTEXT_NOAUTOSPAWN, nullptr) >= 0;
 }
 
-void PulseLoop::turn(std::chrono::microseconds limit)
+void PulseConnection::turn(std::chrono::microseconds limit)
 {
     constexpr std::chrono::microseconds longest{std::numeric_limits<int>::max()};
     const auto timeout = static_cast<int>(std::clamp(limit, std::chrono::microseconds(0), longest).count());
@@ -22,7 +22,7 @@ void PulseLoop::turn(std::chrono::microseconds limit)
         pa_mainloop_dispatch(m_loop.get());
 }
 
-bool PulseLoop::turnUntil(Clock::time_point deadline, const std::function<bool()>& condition)
+bool PulseConnection::turnUntil(Clock::time_point deadline, const std::function<bool()>& condition)
 {
     while (!condition()) {
         const Clock::time_point now = Clock::now();
@@ -33,10 +33,10 @@ bool PulseLoop::turnUntil(Clock::time_point deadline, const std::function<bool()
     return true;
 }
 
-void PulseLoop::wake()
+void PulseConnection::wake()
 {
     if (m_loop)
         pa_mainloop_wakeup(m_loop.get());
 }
 
-} // namespace quillora::audio
+} // namespace quillora::base
