@@ -36,7 +36,8 @@ function(quillora_test target)
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${target} PRIVATE ${ARG_DEPENDS} quillora_test_support GTest::gtest GTest::gtest_main)
   quillora_warnings(${target})
-  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120 PROCESSORS ${processors} LABELS "${ARG_LABELS}")
+  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES
+    PROPERTIES TIMEOUT 120 PROCESSORS ${processors} LABELS "${ARG_LABELS}")
 endfunction()
 
 function(quillora_warnings target)
