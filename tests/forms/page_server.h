@@ -51,11 +51,12 @@ class PageServer : public QObject {
     void take(QTcpSocket& socket);
     void answer(QTcpSocket& socket, const QByteArray& head);
 
-    QTcpServer m_server{};
     std::map<std::string, Answer> m_answers{};
     std::vector<Request> m_requests{};
     std::map<QTcpSocket*, QByteArray> m_heads{};
     int m_open = 0;
+    // The last, since it goes first: the connections that end with it are still counted above.
+    QTcpServer m_server{};
 };
 
 } // namespace quillora::tests
