@@ -8,6 +8,7 @@
 // drawn, 1280 wide: text, ruled lines and a photograph-like part on every slide. Prints one line of figures,
 // and exits with 1 when a change was not seen within two seconds.
 
+#include "bench/private_desktop.h"
 #include "deck/slide_viewer.h"
 #include "deck/task_pane.h"
 #include "forms/look.h"
@@ -20,8 +21,6 @@
 #include "session/workspace.h"
 #include "stage/slide_place.h"
 #include "stage/stage_surfaces.h"
-#include "tests/support/child_process.h"
-#include "tests/support/private_x_server.h"
 #include "tests/support/temporary_folder.h"
 
 #include <QApplication>
@@ -29,14 +28,10 @@
 #include <QPainter>
 #include <QTimer>
 
-#include <xcb/xcb.h>
-#include <xcb/xtest.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <optional>
 #include <random>
 #include <string>
@@ -44,6 +39,7 @@
 #include <vector>
 
 using namespace quillora;
+using bench::percentile;
 using Clock = std::chrono::steady_clock;
 
 namespace {
@@ -118,33 +114,12 @@ std::optional<QPoint> tellingPixel(const std::filesystem::path& before, const st
 }
 
 /// The presenter, on a thread and a connection of its own: presses a key and watches the screen.
-class Presenter {
+class Presenter : public bench::HandsAndEyes {
   public:
-    Presenter() : m_display(xcb_connect(nullptr, nullptr))
-    {
-        m_root = xcb_setup_roots_iterator(xcb_get_setup(m_display)).data->root;
-    }
-    ~Presenter() { xcb_disconnect(m_display); }
-    Presenter(const Presenter&) = delete;
-    Presenter& operator=(const Presenter&) = delete;
-
     void press(std::uint8_t keycode)
     {
-        xcb_test_fake_input(m_display, XCB_KEY_PRESS, keycode, XCB_CURRENT_TIME, m_root, 0, 0, 0);
-        xcb_test_fake_input(m_display, XCB_KEY_RELEASE, keycode, XCB_CURRENT_TIME, m_root, 0, 0, 0);
-        xcb_flush(m_display);
-    }
-
-    std::uint32_t pixel(QPoint at)
-    {
-        const auto cookie = xcb_get_image(m_display, XCB_IMAGE_FORMAT_Z_PIXMAP, m_root, std::int16_t(at.x()),
-                                          std::int16_t(at.y()), 1, 1, ~0U);
-        const std::unique_ptr<xcb_get_image_reply_t, decltype(&std::free)> reply{
-            xcb_get_image_reply(m_display, cookie, nullptr), &std::free};
-        std::uint32_t value = 0;
-        if (reply)
-            std::copy_n(xcb_get_image_data(reply.get()), 4, reinterpret_cast<std::uint8_t*>(&value));
-        return value & 0xFFFFFFU;
+        fake(XCB_KEY_PRESS, keycode);
+        fake(XCB_KEY_RELEASE, keycode);
     }
 
     /// Milliseconds from the press to another colour of the pixel.
@@ -160,16 +135,7 @@ class Presenter {
         }
         return std::nullopt;
     }
-
-  private:
-    xcb_connection_t* m_display;
-    xcb_window_t m_root = 0;
 };
-
-double percentile(const std::vector<double>& sorted, double share)
-{
-    return sorted[std::min(sorted.size() - 1, std::size_t(share * double(sorted.size())))];
-}
 
 // The keycodes of Page Down and Home on an evdev keyboard, which is what the private X server has.
 constexpr std::uint8_t kPageDown = 117;
@@ -253,11 +219,7 @@ int run(QApplication& application, const char* series, int changes)
 
 int main(int argc, char** argv)
 {
-    const tests::PrivateXServer server({.width = 1280, .height = 1024});
-    ::setenv("DISPLAY", server.display().c_str(), 1);
-    ::setenv("QT_QPA_PLATFORM", "xcb", 1);
-    const tests::ChildProcess windowManager({"openbox", "--sm-disable"});
-    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    const bench::PrivateDesktop desktop;
     QApplication application(argc, argv);
     forms::applyLook(application);
     return run(application, argc > 1 ? argv[1] : nullptr, argc > 2 ? std::atoi(argv[2]) : kDefaultChanges);

@@ -8,33 +8,29 @@
 // Prints one line of figures for each and their ratio, and exits with 1 when a segment was not seen within
 // two seconds.
 
+#include "bench/private_desktop.h"
 #include "deck/slide_pen.h"
 #include "forms/image_surface_widget.h"
 #include "forms/look.h"
 #include "forms/platform/x11/x11_window_hints.h"
 #include "forms/stage_widget.h"
 #include "forms/vantry_frm.h"
-#include "tests/support/child_process.h"
-#include "tests/support/private_x_server.h"
 
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
 
-#include <xcb/xcb.h>
-#include <xcb/xtest.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <optional>
 #include <thread>
 #include <vector>
 
 using namespace quillora;
+using bench::percentile;
 using Clock = std::chrono::steady_clock;
 
 namespace {
@@ -71,19 +67,11 @@ class LaterSurface : public QWidget {
 };
 
 /// The presenter, on a thread and a connection of its own.
-class Presenter {
+class Presenter : public bench::HandsAndEyes {
   public:
-    Presenter() : m_display(xcb_connect(nullptr, nullptr))
-    {
-        m_root = xcb_setup_roots_iterator(xcb_get_setup(m_display)).data->root;
-    }
-    ~Presenter() { xcb_disconnect(m_display); }
-    Presenter(const Presenter&) = delete;
-    Presenter& operator=(const Presenter&) = delete;
-
     void move(QPoint to) { fake(XCB_MOTION_NOTIFY, 0, to); }
-    void press() { fake(XCB_BUTTON_PRESS, 1, {}); }
-    void release() { fake(XCB_BUTTON_RELEASE, 1, {}); }
+    void press() { fake(XCB_BUTTON_PRESS, 1); }
+    void release() { fake(XCB_BUTTON_RELEASE, 1); }
 
     /// Milliseconds from a drag to @p to until the pixel there is no longer white.
     std::optional<double> dragAndWatch(QPoint to)
@@ -98,24 +86,7 @@ class Presenter {
     }
 
   private:
-    void fake(std::uint8_t type, std::uint8_t detail, QPoint at)
-    {
-        xcb_test_fake_input(m_display, type, detail, XCB_CURRENT_TIME, m_root, std::int16_t(at.x()),
-                            std::int16_t(at.y()), 0);
-        xcb_flush(m_display);
-    }
-
-    bool isDark(QPoint at)
-    {
-        const auto cookie = xcb_get_image(m_display, XCB_IMAGE_FORMAT_Z_PIXMAP, m_root, std::int16_t(at.x()),
-                                          std::int16_t(at.y()), 1, 1, ~0U);
-        const std::unique_ptr<xcb_get_image_reply_t, decltype(&std::free)> reply{
-            xcb_get_image_reply(m_display, cookie, nullptr), &std::free};
-        return reply && xcb_get_image_data(reply.get())[1] < 128;
-    }
-
-    xcb_connection_t* m_display;
-    xcb_window_t m_root = 0;
+    bool isDark(QPoint at) { return (pixel(at) & 0xFF00U) < 0x8000U; }
 };
 
 /// Rows of segments over the stage, each begun anew.
@@ -142,11 +113,6 @@ std::vector<double> measure(Presenter& presenter, QPoint stage, int segments)
     }
     std::sort(times.begin(), times.end());
     return times;
-}
-
-double percentile(const std::vector<double>& sorted, double share)
-{
-    return sorted[std::min(sorted.size() - 1, std::size_t(share * double(sorted.size())))];
 }
 
 void print(const char* name, const std::vector<double>& times)
@@ -209,11 +175,7 @@ int run(QApplication& application, int segments)
 
 int main(int argc, char** argv)
 {
-    const tests::PrivateXServer server({.width = 1280, .height = 1024});
-    ::setenv("DISPLAY", server.display().c_str(), 1);
-    ::setenv("QT_QPA_PLATFORM", "xcb", 1);
-    const tests::ChildProcess windowManager({"openbox", "--sm-disable"});
-    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    const bench::PrivateDesktop desktop;
     QApplication application(argc, argv);
     forms::applyLook(application);
     return run(application, argc > 1 ? std::atoi(argv[1]) : kDefaultSegments);
