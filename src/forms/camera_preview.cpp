@@ -6,10 +6,19 @@
 
 namespace quillora::forms {
 
+namespace {
+
+/// A picture that was hidden for longer is old news. The stage hides the camera while it is rearranged, too,
+/// which takes a slow machine less.
+constexpr int kStillFreshMs = 250;
+
+} // namespace
+
 CameraPreview::CameraPreview(QWidget* parent) : QWidget(parent)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
+    m_sinceHidden.start();
 }
 
 void CameraPreview::showPicturesOf(stage::NewestFrame& frames)
@@ -77,17 +86,23 @@ void CameraPreview::paintEvent(QPaintEvent* event)
     painter.drawImage(picture, image);
 }
 
-void CameraPreview::showEvent(QShowEvent*) { tellRoom(); }
-
-void CameraPreview::hideEvent(QHideEvent*)
+void CameraPreview::showEvent(QShowEvent* event)
 {
-    if (!m_frames)
-        return;
+    // A window that was minimised has gone on taking pictures.
+    if (m_frames && !event->spontaneous() && m_sinceHidden.hasExpired(kStillFreshMs)) {
+        // Dropped here rather than when it was hidden: a picture that was on its way then came after that.
+        m_frame = {};
+        stage::CameraFrame ignored;
+        m_frames->take(ignored);
+    }
     tellRoom();
-    // Shown again, it must not begin with a moment that is long over.
-    m_frame = {};
-    stage::CameraFrame ignored;
-    m_frames->take(ignored);
+}
+
+void CameraPreview::hideEvent(QHideEvent* event)
+{
+    if (!event->spontaneous())
+        m_sinceHidden.start();
+    tellRoom();
 }
 
 } // namespace quillora::forms

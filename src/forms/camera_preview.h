@@ -2,13 +2,15 @@
 
 #include "stage/newest_frame.h"
 
+#include <QElapsedTimer>
 #include <QWidget>
 
 namespace quillora::forms {
 
 /// `VideoCap1_back`, the surface that shows the live picture of the camera; black while there is none. The
 /// whole picture is shown in its own shape, in the middle of what can be seen of the surface: cut to it the
-/// picture could lose what a presenter holds up to the camera, and stretched it would make faces wide.
+/// picture could lose what a presenter holds up to the camera, and stretched it would make faces wide. Hidden
+/// for more than a moment, it begins anew with the next picture.
 class CameraPreview : public QWidget {
     Q_OBJECT
 
@@ -35,6 +37,7 @@ class CameraPreview : public QWidget {
 
     stage::NewestFrame* m_frames = nullptr;
     stage::CameraFrame m_frame{};
+    QElapsedTimer m_sinceHidden;
 };
 
 } // namespace quillora::forms

@@ -13,6 +13,8 @@ using namespace quillora;
 namespace {
 
 constexpr base::TwipRectangle kWhole{{0}, {0}, {11205}, {6300}};
+/// Milliseconds after which a picture is old.
+constexpr int kLong = 400;
 
 class CameraPreviewTest : public tests::FormTest {
   protected:
@@ -42,6 +44,12 @@ class CameraPreviewTest : public tests::FormTest {
         camera.setVisible(true);
         camera.bringToFront();
         tests::settle(50);
+    }
+
+    void hideForLong()
+    {
+        camera.setVisible(false);
+        tests::settle(kLong);
     }
 
     void put(stage::CameraFrame frame) { frames.put(frame); }
@@ -134,10 +142,36 @@ TEST_F(CameraPreviewTest, DoesNotBeginWithTheLastMomentBeforeItWasHidden)
     show(kWhole);
     put(quarters(640, 480));
     ASSERT_TRUE(becomes(650, 416, 0xFFFFFFFF));
-    camera.setVisible(false);
-    tests::settle(50);
+    hideForLong();
     show(kWhole);
     EXPECT_TRUE(becomes(650, 416, kBlack));
+}
+
+TEST_F(CameraPreviewTest, DoesNotBeginWithAPictureThatWasOnItsWayWhenItWasHidden)
+{
+    show(kWhole);
+    camera.setVisible(false);
+    put(quarters(640, 480));
+    tests::settle(kLong);
+    show(kWhole);
+    tests::settle(50);
+    EXPECT_EQ(onStage(650, 416), kBlack);
+    put(quarters(640, 480));
+    EXPECT_TRUE(becomes(650, 416, 0xFFFFFFFF)) << "it tells no more of new pictures";
+}
+
+TEST_F(CameraPreviewTest, KeepsItsPictureWhileTheStageIsRearranged)
+{
+    show(kWhole);
+    put(quarters(640, 480));
+    ASSERT_TRUE(becomes(650, 416, 0xFFFFFFFF));
+    camera.setVisible(false);
+    camera.move({{100}, {100}, {2600}, {1950}});
+    camera.setVisible(true);
+    tests::settle(50);
+    EXPECT_EQ(onStage(12, 12), 0xFFFF0000);
+    EXPECT_EQ(onStage(170, 126), 0xFFFFFFFF);
+    EXPECT_EQ(frames.room(), (stage::FrameSize{173, 130})) << "pictures are wanted again";
 }
 
 TEST_F(CameraPreviewTest, LeavesTheRestOfTheStageAlone)
