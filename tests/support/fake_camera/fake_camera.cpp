@@ -13,6 +13,7 @@
 //   busy                              another program films with it
 //   stalled-open, stalled-start,      the driver does not return from this, until another word is written; of
 //   stalled-frames, stalled-settings  frames, none comes
+//   damaged                           its pictures are cut off in their heads, or marked as broken, in turns
 //
 // The devices write what they are asked to do into video0.log and so on.
 

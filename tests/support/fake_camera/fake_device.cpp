@@ -17,6 +17,8 @@ namespace quillora::tests::fake_camera {
 namespace {
 
 constexpr std::uint32_t kBufferSpace = 1 << 20;
+/// Less than any picture can be told from.
+constexpr std::uint32_t kHeadOfAPicture = 100;
 constexpr long kPictureNanoseconds = 1'000'000'000 / 30;
 
 int refuse(int code)
@@ -53,6 +55,7 @@ State stateOf(const std::string& name)
         {"stalled-start", State::stalledStart},
         {"stalled-frames", State::stalledFrames},
         {"stalled-settings", State::stalledSettings},
+        {"damaged", State::damaged},
     };
     const char* folder = std::getenv("QUILLORA_FAKE_CAMERAS");
     if (folder == nullptr)
@@ -343,6 +346,12 @@ int FakeDevice::dequeue(int descriptor, v4l2_buffer& buffer)
     m_queue.pop_front();
     ++m_sequence;
     describe(buffer);
+    if (state() == State::damaged) {
+        if (m_sequence % 2 == 0)
+            buffer.flags |= V4L2_BUF_FLAG_ERROR;
+        else
+            buffer.bytesused = std::min(buffer.bytesused, kHeadOfAPicture);
+    }
     return 0;
 }
 

@@ -20,7 +20,8 @@ enum class State {
     stalledOpen,
     stalledStart,
     stalledFrames,
-    stalledSettings
+    stalledSettings,
+    damaged
 };
 
 struct FakeControl {
