@@ -30,7 +30,8 @@ class VideoCapX : public CameraConnection {
     /// Whether a device is open. Becomes false by itself when the device is unplugged.
     bool connected() const override = 0;
     /// Opens or closes the device that the device index names. Opening fails when there is no such device,
-    /// when another program holds it, and when it does not answer in time; closing never fails.
+    /// when another program holds it, and when it does not answer in time; one that answers later is open
+    /// then, with the preview that was asked for meanwhile. Closing never fails.
     virtual void setConnected(bool connected) = 0;
     /// Whether the live picture is shown, for this connection. Without one nothing happens.
     virtual void setPreview(bool running) = 0;

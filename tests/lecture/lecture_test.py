@@ -5,6 +5,7 @@ import pathlib
 import signal
 import subprocess
 import threading
+import time
 import zipfile
 
 from PIL import Image
@@ -215,17 +216,29 @@ class Camera(LectureTest):
         self.assert_length(Streams(Container(out, desktop.folder / "unpacked").video), presenter)
         self.assertEqual(presenter.leave(), 0)
 
-    def test_a_camera_that_hangs_leaves_a_window_that_answers(self):
+    def assert_that_the_window_answers_with(self, camera):
         desktop = self.desktop()
-        (self.script / "video0").write_text("stalled-start")
+        (self.script / "video0").write_text(camera)
         presenter = self.presenter(desktop)
+        window = presenter.window
         # The camera's bar, which opening a deck has closed, opens with this mode.
-        presenter.window.press("Camera alone")
-        presenter.window.press("Switch the camera on")
+        window.press("Camera alone")
+        wait_until(lambda: window.status("Window mode") == "fullcam", 10, "the camera alone")
+        media_alone = window.find("Media alone")
+        window.press("Switch the camera on")
         # Its frame is black, and the presenter goes on; this mode opens the bar of the slides.
-        presenter.window.press("Media alone")
+        pressed = time.monotonic()
+        window.click(media_alone)
+        wait_until(lambda: window.status("Window mode") == "full", 20, "the media alone")
+        self.assertLess(time.monotonic() - pressed, 3, "the window stood still")
         self.assertEqual(presenter.move("next"), 2)
         self.assertEqual(presenter.leave(), 0)
+
+    def test_a_camera_that_hangs_when_it_is_started_leaves_a_window_that_answers(self):
+        self.assert_that_the_window_answers_with("stalled-start")
+
+    def test_a_camera_that_hangs_when_it_is_looked_for_leaves_a_window_that_answers(self):
+        self.assert_that_the_window_answers_with("stalled-open")
 
 
 class WebPage(LectureTest):

@@ -1,4 +1,4 @@
-// Cameras that are busy, are unplugged, hang, or send pictures that are none.
+// Cameras that are busy, are unplugged, hang, come late, or send pictures that are none.
 
 #include "tests/platform/v4l2_fixture.h"
 
@@ -85,6 +85,31 @@ TEST_F(BadCamera, ACameraThatHangsWhenItIsStartedIsGivenUp)
     impatient.setDeviceIndex(0);
     impatient.setConnected(true);
     EXPECT_TRUE(impatient.connected());
+}
+
+TEST_F(BadCamera, ACameraThatOpensLaterShowsItsPicturesThen)
+{
+    script.set("video0", "stalled-start");
+    impatient.deviceCount();
+    EXPECT_THROW(impatient.setConnected(true), std::runtime_error);
+    impatient.setPreview(true);
+    EXPECT_FALSE(impatient.connected());
+    script.set("video0", "present");
+    EXPECT_TRUE(waitForPicture());
+    EXPECT_TRUE(impatient.connected());
+}
+
+TEST_F(BadCamera, ACameraThatOpensAfterItWasSwitchedOffIsClosed)
+{
+    script.set("video0", "stalled-start");
+    impatient.deviceCount();
+    EXPECT_THROW(impatient.setConnected(true), std::runtime_error);
+    impatient.setPreview(true);
+    impatient.setConnected(false);
+    script.set("video0", "present");
+    EXPECT_TRUE(waitUntil([&] { return wasSet("video0", "stop"); }));
+    EXPECT_FALSE(impatient.connected());
+    EXPECT_FALSE(frames.take(frame) && !frame.empty());
 }
 
 TEST_F(BadCamera, DamagedPicturesAreLeftOut)

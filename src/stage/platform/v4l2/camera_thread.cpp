@@ -70,6 +70,11 @@ class CameraThread::Line {
 
     // For the thread of forms and logic.
 
+    bool opening() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_state == State::opening && !m_orders.stop;
+    }
     bool open() const
     {
         const std::lock_guard lock(m_mutex);
@@ -267,6 +272,8 @@ bool CameraThread::waitUntilOpen(const Patience& patience)
 {
     return std::shared_ptr(m_line)->waitUntilOpen(patience);
 }
+
+bool CameraThread::opening() const { return m_line->opening(); }
 
 bool CameraThread::open() const { return m_line->open(); }
 

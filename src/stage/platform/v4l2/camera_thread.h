@@ -34,6 +34,7 @@ class CameraThread {
 
     /// Whether the device sends pictures now, with the time that @p patience gives it for that.
     bool waitUntilOpen(const Patience& patience);
+    bool opening() const;
     bool open() const;
     void setPreview(bool running);
 

@@ -10,7 +10,8 @@ namespace quillora::stage::v4l2 {
 /// How the thread of forms and logic waits for an answer of a device: not for ever, and letting the window's
 /// events through, so that the window is painted and its clock goes on while a camera takes its time.
 struct Patience {
-    std::chrono::milliseconds longest{2500};
+    /// The presenter can do nothing meanwhile, in a recording either.
+    std::chrono::milliseconds longest{700};
     std::function<void()> letEventsThrough = [] {};
 };
 

@@ -71,7 +71,8 @@ void V4l2VideoCap::connect()
     const auto connection = std::make_shared<v4l2::CameraThread>(m_target, m_ports.frames);
     m_connection = connection;
     if (!connection->waitUntilOpen(m_ports.patience)) {
-        if (m_connection == connection)
+        // One that is merely slow is kept, and shows its pictures when it has them.
+        if (m_connection == connection && !connection->opening())
             disconnect();
         throw std::runtime_error("the camera can't be opened");
     }
@@ -89,7 +90,7 @@ void V4l2VideoCap::disconnect()
 
 void V4l2VideoCap::setPreview(bool running)
 {
-    if (!connected())
+    if (!m_connection)
         return;
     m_connection->setPreview(running);
     if (!running)

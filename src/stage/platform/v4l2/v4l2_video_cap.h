@@ -2,8 +2,8 @@
 
 #include "stage/camera_settings.h"
 #include "stage/newest_frame.h"
-#include "stage/platform/v4l2/camera_thread.h"
 #include "stage/platform/v4l2/camera_nodes.h"
+#include "stage/platform/v4l2/camera_thread.h"
 #include "stage/platform/v4l2/patience.h"
 #include "stage/video_cap_x.h"
 
@@ -14,7 +14,8 @@
 namespace quillora::stage {
 
 /// VideoCapX on Linux's own camera interface. Finding the devices and opening one are waited for, with a
-/// bound, since their results are asked for at once; everything else is handed to the camera's thread.
+/// bound, since their results are asked for at once; everything else is handed to the camera's thread. A
+/// camera that takes longer to open is connected later.
 class V4l2VideoCap : public VideoCapX, private CameraSettings {
   public:
     struct Ports {
