@@ -3,8 +3,27 @@
 namespace quillora::tests {
 namespace {
 
-using DeckFlow = LectureWorld;
 using Calls = std::vector<std::string>;
+
+class DeckFlow : public LectureWorld {
+  protected:
+    /// As the log has them, such as "picPaint 0,0 8400x6300".
+    Calls placesGivenTo(const std::string& surface) const
+    {
+        Calls places;
+        for (const auto& call : log.startingWith(surface + " "))
+            if (call.find(',') != std::string::npos)
+                places.push_back(call);
+        return places;
+    }
+    void drawALine()
+    {
+        pen.penMode = deck::SlidePen::kPen;
+        pen.slide_img_MouseDown(1, 0, 10, 10);
+        pen.slide_img_MouseMove(1, 0, 20, 20);
+        pen.slide_img_MouseUp(1, 0, 20, 20);
+    }
+};
 
 TEST_F(DeckFlow, ADialog_LetsTheConverterStartBehindThePresentersChoice)
 {
@@ -49,6 +68,29 @@ TEST_F(DeckFlow, OpeningADeck_EndsAFullCameraAndNoOtherMode)
         openDeck();
         EXPECT_EQ(fields.myWindowMode, after);
     }
+}
+
+TEST_F(DeckFlow, OpeningADeck_MovesNoSurfaceInSideAndMix)
+{
+    for (const auto command :
+         {&stage::StageCommands::Picture24_Click, &stage::StageCommands::Picture17_Click}) {
+        (stageCommands.*command)();
+        log.clear();
+        openDeck();
+        for (const auto& name : surfaces.order)
+            EXPECT_EQ(placesGivenTo(name), Calls{}) << fields.myWindowMode;
+        EXPECT_EQ(placesGivenTo("slide_img"), Calls{}) << fields.myWindowMode;
+    }
+}
+
+TEST_F(DeckFlow, OpeningADeck_LeavesTheBarOfTheSlidesAloneExpanded)
+{
+    press("more");
+    for (const auto& bar : std::vector(paneView.bars))
+        ebDemo.setBarState(bar.key, session::BarState::expanded);
+    ASSERT_EQ(paneView.expanded().size(), 7U);
+    openDeck();
+    EXPECT_EQ(paneView.expanded(), Calls{"powerpoint"});
 }
 
 TEST_F(DeckFlow, ASecondDeck_ReplacesTheFirstAsAWhole)
@@ -128,15 +170,33 @@ TEST_F(DeckFlow, OfMoreThanAHundredSlides_CanBeWalkedThrough)
 TEST_F(DeckFlow, ThePenLines_AreGoneAfterNextAndDoNotComeBack)
 {
     openDeck(3);
-    pen.penMode = deck::SlidePen::kPen;
-    pen.slide_img_MouseDown(1, 0, 10, 10);
-    pen.slide_img_MouseMove(1, 0, 20, 20);
-    pen.slide_img_MouseUp(1, 0, 20, 20);
+    drawALine();
     ASSERT_EQ(slide_img.lines.size(), 1U);
     turn("next");
     EXPECT_TRUE(slide_img.lines.empty());
     turn("pre");
     EXPECT_TRUE(slide_img.lines.empty());
+}
+
+TEST_F(DeckFlow, ThePenLines_AreGoneAfterSlidesWasPressed)
+{
+    openDeck(3);
+    turn("next");
+    drawALine();
+    ASSERT_EQ(slide_img.lines.size(), 1U);
+    press("slides");
+    EXPECT_TRUE(slide_img.lines.empty());
+    EXPECT_EQ(slide_img.picture, "Slide2.PNG");
+}
+
+TEST_F(DeckFlow, WithoutADeck_TheStartPictureIsStretchedToThePanelInEachMode)
+{
+    stageCommands.Picture24_Click();
+    EXPECT_EQ(slide_img.picture, "PPT.png");
+    EXPECT_EQ(std::pair(slide_img.width, slide_img.height), std::pair(560, 420));
+    stageCommands.Picture26_Click();
+    EXPECT_EQ(slide_img.picture, "PPT.png");
+    EXPECT_EQ(std::pair(slide_img.width, slide_img.height), std::pair(747, 420));
 }
 
 TEST_F(DeckFlow, TheSizeOfThePanel_IsFollowedBothWaysWithoutANewImport)

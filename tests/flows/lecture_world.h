@@ -13,6 +13,7 @@
 #include "session/screen_recording.h"
 #include "stage/deck_shortcut.h"
 #include "stage/media_selection.h"
+#include "stage/rotation.h"
 #include "stage/slide_place.h"
 #include "stage/stage_commands.h"
 #include "stage/stage_layout.h"
@@ -103,6 +104,7 @@ class LectureWorld : public testing::Test {
     stage::MediaSelection media{{fields, window, viewer, ebDemo, surfaces.all}};
     stage::StageCommands stageCommands{
         {fields, stageFields, window, media, layout, surfaces.all, operations}};
+    stage::Rotation rotation{{stageFields, surfaces.all}};
     stage::DeckShortcut deckShortcut{{surfaces.all, ebDemo, deckImport}};
     session::Packaging packaging{{fields, workspace, zip, sleeper, CommonDialog1, boxes, copier}};
     session::CaptureEngineField captureEngine{engines};
@@ -202,6 +204,10 @@ class LectureWorld : public testing::Test {
         operations.provide(Operation::PauseRec, [this] { recorder.PauseRec(); });
         operations.provide(Operation::ResumeRec, [this] { recorder.ResumeRec(); });
         operations.provide(Operation::StopRec, [this] { recorder.StopRec(); });
+        operations.provide(Operation::RotatePPT, [this] { rotation.RotatePPT(); });
+        operations.provide(Operation::RotatePPTCAM, [this] { rotation.RotatePPTCAM(); });
+        operations.provide(Operation::RotatePPTDRAW, [this] { rotation.RotatePPTDRAW(); });
+        operations.provide(Operation::RotatePPTWHITEBOARD, [this] { rotation.RotatePPTWHITEBOARD(); });
     }
 
     static std::filesystem::path made(const std::filesystem::path& folder)

@@ -29,6 +29,38 @@ TEST_F(Start, BringsTheWindowIntoItsFirstState)
     EXPECT_EQ(fields.workspacePath, root.string());
 }
 
+TEST_F(Start, ShowsTheShortPaneWithAllItsBarsExpanded)
+{
+    ASSERT_EQ(paneView.bars.size(), 3U);
+    EXPECT_EQ(paneView.expanded(), (Calls{"camera", "powerpoint", "help"}));
+    EXPECT_TRUE(window.buttonVisible["more"]);
+    for (const auto* key : {"text", "draw", "web", "youtube", "desktop", "less"})
+        EXPECT_FALSE(window.buttonVisible[key]) << key;
+}
+
+TEST_F(Start, MoreAndThenLess_GiveThePaneOfTheStartBack)
+{
+    const auto barsAtFirst = paneView.bars;
+    const auto buttonsAtFirst = window.buttonVisible;
+    press("more");
+    EXPECT_EQ(paneView.bars.size(), 7U);
+    press("less");
+    EXPECT_EQ(paneView.bars, barsAtFirst);
+    EXPECT_EQ(window.buttonVisible, buttonsAtFirst);
+}
+
+TEST_F(Start, APaneThatIsBuiltAgain_ForgetsTheMediaThatTheStageStillShows)
+{
+    press("more");
+    press("text");
+    EXPECT_EQ(paneView.expanded(), Calls{"text"});
+    press("less");
+    press("more");
+    EXPECT_EQ(paneView.expanded(), Calls{"camera"});
+    EXPECT_EQ(fields.myMediaType, "text");
+    EXPECT_TRUE(surfaces.textBoard_txt.shown);
+}
+
 TEST_F(Start, PutsTheStartPictureOnTheStageAtItsSize)
 {
     EXPECT_EQ(log.startingWith("slide_img."),
