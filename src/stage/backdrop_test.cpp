@@ -14,12 +14,14 @@ using Calls = std::vector<std::string>;
 class FakeBackdropPicture : public BackdropPicture {
   public:
     std::string picture = "design";
+    int loads = 0;
 
     void load(const std::filesystem::path& file) override
     {
         if (file.extension() == ".txt")
             throw std::runtime_error("no picture");
         picture = file.string();
+        ++loads;
     }
 };
 
@@ -60,6 +62,27 @@ TEST_F(BackdropTest, AfterACancelledDialog_IsAsItWasButTheStageIsLaidOutForSide)
     EXPECT_EQ(back_img.picture, "design");
     EXPECT_EQ(stageFields.background_txt, "");
     expectSideRectanglesInModeFull();
+}
+
+TEST_F(BackdropTest, AfterASecondDialogThatIsCancelled_IsLoadedAgainFromTheFileThatTheDialogStillNames)
+{
+    CommonDialog4.willChoose("/a.jpg");
+    CommonDialog4.willBeCancelled();
+    backdrop.changeback_btn_Click();
+    backdrop.changeback_btn_Click();
+    EXPECT_EQ(back_img.loads, 2);
+    EXPECT_EQ(back_img.picture, "/a.jpg");
+    EXPECT_EQ(stageFields.background_txt, "/a.jpg");
+}
+
+TEST_F(BackdropTest, CancelledAfterAFileThatIsNoPicture_LeavesTheMessageOnceMore)
+{
+    CommonDialog4.willChoose("/notes.txt");
+    CommonDialog4.willBeCancelled();
+    backdrop.changeback_btn_Click();
+    backdrop.changeback_btn_Click();
+    EXPECT_EQ(boxes.shown.size(), 2U);
+    EXPECT_EQ(back_img.picture, "design");
 }
 
 TEST_F(BackdropTest, FromAFileThatIsNoPicture_LeavesAMessageAndTheBadPath)

@@ -3,6 +3,7 @@
 #include "tests/support/fake_camera_panel.h"
 #include "tests/support/fake_stage_surfaces.h"
 #include "tests/support/fake_video_cap_x.h"
+#include "tests/support/stage_world.h"
 
 #include <gtest/gtest.h>
 
@@ -55,7 +56,37 @@ class CameraControlTest : public testing::Test {
                                   .checkCamIcon = [this] { log.add("checkCamIcon"); }}};
 };
 
+/// The switch and the real stage.
+class CameraOnTheStage : public tests::StageWorld {
+  protected:
+    CameraOnTheStage() { device.names = {"Lecture Camera"}; }
+
+    tests::FakeVideoCapX device{log};
+    tests::FakeCameraPanel panel{log};
+    stage::StageLayout layoutOfDevice{{fields, stageFields, window, slides, pane, device, on.all}};
+    stage::StageCommands buttons{
+        {fields, stageFields, window, selection, layoutOfDevice, on.all, operations}};
+    stage::CameraControl control{{.fields = fields,
+                                  .camera = device,
+                                  .VideoCap1_back = on.VideoCap1_back,
+                                  .panel = panel,
+                                  .checkCamIcon = [this] { layoutOfDevice.checkCamIcon(); }}};
+};
+
 } // namespace
+
+TEST_F(CameraOnTheStage, InACorner_IsStoodInForByAPictureInTheMiddleOfItsFrameWhileItIsOff)
+{
+    control.Option6_Click();
+    buttons.Picture22_Click();
+    EXPECT_EQ(shown(), (Calls{"slide_img_back", "VideoCap1_back"}));
+    control.Option5_Click();
+    EXPECT_EQ(shown(), (Calls{"slide_img_back", "VideoCap1_back", "cam_icon_trans_s"}));
+    EXPECT_EQ(on.cam_icon_trans_s.place, (base::TwipRectangle{{1025}, {4940}, {750}, {570}}));
+    EXPECT_EQ(on.order.back(), "cam_icon_trans_s");
+    control.Option6_Click();
+    EXPECT_EQ(shown(), (Calls{"slide_img_back", "VideoCap1_back"}));
+}
 
 TEST_F(CameraControlTest, SwitchingOnWithTwoCamerasListsBothAndConnectsTheFirst)
 {

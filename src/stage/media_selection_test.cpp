@@ -47,6 +47,16 @@ TEST_F(MediaSelectionTest, OfSlides_ShowsThemAndReloadsBeforePanelSixIsWritten)
                                 "WebBrowser1 hidden", "LoadSlide", "panel6 slides"}));
 }
 
+TEST_F(MediaSelectionTest, OfSlides_LoadsTheSlideBetweenTheSurfacesAndTheBars)
+{
+    view.log = &log;
+    choose("slides");
+    EXPECT_EQ(log.calls,
+              (Calls{"slide_img_back shown", "textBoard_txt hidden", "picPaint hidden", "WebBrowser1 hidden",
+                     "LoadSlide", "powerpoint expanded", "camera collapsed", "text collapsed",
+                     "Draw collapsed", "web collapsed", "help collapsed", "panel6 slides"}));
+}
+
 TEST_F(MediaSelectionTest, OfText_ShowsTheTextBoardAndHidesTheOthers)
 {
     choose("text");

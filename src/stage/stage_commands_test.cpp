@@ -123,10 +123,12 @@ TEST_F(StageCommandsTest, OfAMedia_EndAFullCameraAndKeepEveryOtherMode)
             for (const auto& [mediaName, command] : kMediaCommands) {
                 bring(before, mode);
                 const auto frame = on.VideoCap1_back.place;
+                const auto modePanel = window.panels[5];
                 press(command);
                 expectCombination(mediaName, mode == "fullcam" ? "full" : mode);
                 EXPECT_EQ(on.VideoCap1_back.place, frame) << "a media command moves no camera";
                 EXPECT_EQ(window.panels[6], mediaName);
+                EXPECT_EQ(window.panels[5], modePanel) << "also where the mode ends, the panel keeps it";
             }
 }
 
@@ -345,7 +347,7 @@ TEST_F(StageCommandsTest, KeepTheOrderInWhichTheSurfacesLie)
             bring(mediaName, mode);
     const Calls lowest(on.order.begin(), on.order.begin() + 6);
     EXPECT_EQ(lowest, (Calls{"WebBrowser2", "WebBrowser1", "picPaint", "textBoard_txt", "slide_img_back",
-                            "VideoCap1_back"}));
+                             "VideoCap1_back"}));
 }
 
 } // namespace

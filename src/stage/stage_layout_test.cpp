@@ -71,6 +71,16 @@ TEST_F(StageLayoutTest, OfFullCamera_GoesThroughItsStepsInTheirOrder)
                      "cam_icon_trans shown", "cam_icon_trans to the front"}));
 }
 
+TEST_F(StageLayoutTest, OfFullCamera_SetsTheBarsLast)
+{
+    view.log = &log;
+    lay("fullcam");
+    EXPECT_EQ(log.calls,
+              (Calls{"VideoCap1_back 0,0 11205x6300", "VideoCap1_back shown", "cam_icon_trans_s hidden",
+                     "cam_icon_trans shown", "cam_icon_trans to the front", "camera expanded",
+                     "powerpoint collapsed", "text collapsed", "Draw collapsed", "web collapsed"}));
+}
+
 TEST_F(StageLayoutTest, OfFullCameraWithACamera_ShowsNoStandIn)
 {
     camera.isConnected = true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "deck/task_pane_view.h"
+#include "tests/support/call_log.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -29,6 +30,8 @@ class FakeTaskPaneView : public deck::TaskPaneView {
 
     std::vector<Bar> bars{};
     int refreshed = 0;
+    /// Where each state that a bar is given is written down, if anywhere: "web expanded".
+    CallLog* log = nullptr;
 
     /// Keys of the bars that are open.
     std::vector<std::string> expanded() const
@@ -48,6 +51,8 @@ class FakeTaskPaneView : public deck::TaskPaneView {
     void setBarState(std::string_view bar, session::BarState state) override
     {
         at(bar).expanded = state == session::BarState::expanded;
+        if (log)
+            log->add(std::string(bar) + (at(bar).expanded ? " expanded" : " collapsed"));
     }
     void addLink(std::string_view bar, std::string_view item, std::string_view caption) override
     {
