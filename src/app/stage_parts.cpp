@@ -8,6 +8,8 @@
 #include "forms/stage_widget.h"
 #include "forms/vantry_frm.h"
 
+#include <exception>
+
 namespace quillora::app {
 
 StageParts::StageParts(const Needs& needs)
@@ -40,6 +42,7 @@ StageParts::StageParts(const Needs& needs)
 {
     provideOperations(needs.operations);
     connectWindow(needs.window);
+    connectBackdrop(needs.window, needs.boxes);
 }
 
 void StageParts::provideOperations(session::OperationTable& operations)
@@ -63,15 +66,8 @@ void StageParts::connectWindow(forms::Vantry_frm& window)
         QObject::connect(&sender, signal, &window, [&logic, operation] { (logic.*operation)(); });
     };
     using stage::StageCommands;
-    auto& stage = window.Picture1();
-    on(stage, &forms::StageWidget::Image1_Click, m_deckShortcut, &stage::DeckShortcut::Image1_Click);
-    on(stage, &forms::StageWidget::changeback_btn_Click, m_backdrop, &stage::Backdrop::changeback_btn_Click);
-    // A file that is no picture ends these two without a word; the button on the stage tells the presenter.
-    using forms::CameraPanel;
-    QObject::connect(&window.PicDraw1(), &CameraPanel::Label19_Click, &window,
-                     [this] { base::skipFailures([this] { m_backdrop.Label19_Click(); }); });
-    QObject::connect(&window.PicDraw1(), &CameraPanel::loadpic_lb_Click, &window,
-                     [this] { base::skipFailures([this] { m_backdrop.loadpic_lb_Click(); }); });
+    on(window.Picture1(), &forms::StageWidget::Image1_Click, m_deckShortcut,
+       &stage::DeckShortcut::Image1_Click);
     using forms::ModeStrip;
     auto& strip = window.Picture_cont1();
     on(strip, &ModeStrip::Picture26_Click, commands, &StageCommands::Picture26_Click);
@@ -85,6 +81,28 @@ void StageParts::connectWindow(forms::Vantry_frm& window)
     on(corners, &CornerButtons::Picture21_Click, commands, &StageCommands::Picture21_Click);
     on(corners, &CornerButtons::Picture22_Click, commands, &StageCommands::Picture22_Click);
     on(corners, &CornerButtons::Picture23_Click, commands, &StageCommands::Picture23_Click);
+}
+
+void StageParts::connectBackdrop(forms::Vantry_frm& window, base::MessageBoxes& boxes)
+{
+    using forms::CameraPanel;
+    QObject::connect(&window.Picture1(), &forms::StageWidget::changeback_btn_Click, &window,
+                     [this] { m_backdrop.changeback_btn_Click(); });
+    // The captions have no words of their own for a file that is no picture.
+    const auto onCaption = [&](auto signal, auto operation) {
+        QObject::connect(&window.PicDraw1(), signal, &window, [this, &boxes, operation] {
+            try {
+                (m_backdrop.*operation)();
+            } catch (const std::exception& failure) {
+                base::skipFailures([&] {
+                    boxes.show(
+                        {.text = failure.what(), .title = "Quillora", .icon = base::BoxIcon::critical});
+                });
+            }
+        });
+    };
+    onCaption(&CameraPanel::Label19_Click, &stage::Backdrop::Label19_Click);
+    onCaption(&CameraPanel::loadpic_lb_Click, &stage::Backdrop::loadpic_lb_Click);
 }
 
 } // namespace quillora::app

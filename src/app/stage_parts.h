@@ -48,6 +48,7 @@ class StageParts {
   private:
     void provideOperations(session::OperationTable& operations);
     void connectWindow(forms::Vantry_frm& window);
+    void connectBackdrop(forms::Vantry_frm& window, base::MessageBoxes& boxes);
 
     stage::StageFields m_fields{};
     stage::StageLayout m_layout;
