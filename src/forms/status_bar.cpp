@@ -17,8 +17,12 @@ struct Panel {
 };
 
 constexpr Panel kPanelTable[StatusBar::kPanels] = {
-    {"Session", "Ready ...", 256}, {"Slide", "", 170},          {"Message", "", 0},
-    {"Running time", "", 120},     {"Window mode", "full", 96}, {"Media", "slides", 96},
+    {"Session", "Ready ...", 256},
+    {"Slide", "", 170},
+    {"Message", "", 0},
+    {"Running time", "", 120},
+    {"Window mode", "myWindowMode", 96},
+    {"Media", "myMediaType", 96},
 };
 
 bool isPanel(int panel) { return panel >= 1 && panel <= StatusBar::kPanels; }

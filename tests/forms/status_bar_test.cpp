@@ -13,7 +13,7 @@ class StatusBarTest : public FormTest {};
 
 TEST_F(StatusBarTest, StartsWithItsStoredTexts)
 {
-    const char* stored[] = {"Ready ...", "", "", "", "full", "slides"};
+    const char* stored[] = {"Ready ...", "", "", "", "myWindowMode", "myMediaType"};
     for (int panel = 1; panel <= 6; ++panel)
         EXPECT_EQ(form.statusPanel(panel), stored[panel - 1]) << panel;
 }
