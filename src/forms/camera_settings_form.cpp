@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <initializer_list>
 #include <vector>
@@ -74,9 +75,14 @@ class RowMaker {
         return control;
     }
 
+    /// The driver's name as it stands, also where it has what a button takes for the mark of a key.
+    QString captionOfButton() const { return QString(m_name).replace('&', "&&"); }
+
     QLabel* addCaption()
     {
-        auto* caption = new QLabel(m_name);
+        auto* caption = new QLabel;
+        caption->setTextFormat(Qt::PlainText);
+        caption->setText(m_name);
         caption->setAccessibleName(m_name);
         m_grid.addWidget(caption, m_line, 0);
         return caption;
@@ -88,7 +94,8 @@ class RowMaker {
         auto* slider = named(new QSlider(Qt::Horizontal));
         slider->setRange(setting.minimum, setting.maximum);
         slider->setSingleStep(setting.step);
-        slider->setPageStep(std::max(setting.step, (setting.maximum - setting.minimum) / 10));
+        const std::int64_t span = std::int64_t(setting.maximum) - setting.minimum;
+        slider->setPageStep(std::max(setting.step, int(span / 10)));
         auto* number = new QLabel;
         number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         number->setMinimumWidth(44);
@@ -116,7 +123,7 @@ class RowMaker {
 
     std::function<void(const CameraSetting&)> makeOnOff()
     {
-        auto* box = named(new QCheckBox(m_name));
+        auto* box = named(new QCheckBox(captionOfButton()));
         m_grid.addWidget(box, m_line, 0, 1, 3);
         QObject::connect(box, &QCheckBox::clicked, box, [change = m_change](bool on) { change(on ? 1 : 0); });
         return [box](const CameraSetting& now) {
@@ -144,7 +151,7 @@ class RowMaker {
 
     std::function<void(const CameraSetting&)> makeButton()
     {
-        auto* button = named(new QPushButton(m_name));
+        auto* button = named(new QPushButton(captionOfButton()));
         m_grid.addWidget(button, m_line, 0, 1, 3, Qt::AlignLeft);
         QObject::connect(button, &QPushButton::clicked, button, [change = m_change] { change(1); });
         return [button](const CameraSetting& now) { button->setEnabled(now.changeable); };

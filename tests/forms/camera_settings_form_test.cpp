@@ -2,6 +2,7 @@
 
 #include "tests/forms/form_fixture.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -11,6 +12,9 @@
 #include <QSlider>
 #include <QTest>
 #include <QTimer>
+
+#include <algorithm>
+#include <limits>
 
 using namespace quillora;
 using stage::CameraSetting;
@@ -89,6 +93,33 @@ TEST_F(CameraSettingsFormTest, HasAControlForEachSettingByItsKind)
         EXPECT_FALSE(dialog.findChild<QSlider*>("White Balance Temperature")->isEnabled());
     });
     EXPECT_EQ(camera.changes, Changes{});
+}
+
+TEST_F(CameraSettingsFormTest, ShowsTheDriversNamesLetterByLetter)
+{
+    camera.all = {{.id = 1, .name = "<b>Gain</b> & Bias", .maximum = 9},
+                  {.id = 2, .name = "Black & White", .kind = Kind::onOff, .maximum = 1},
+                  {.id = 3, .name = "Pan & Tilt", .kind = Kind::button}};
+    withDialog([&](QDialog& dialog) {
+        const auto labels = dialog.findChildren<QLabel*>();
+        const auto caption = std::ranges::find(labels, "<b>Gain</b> & Bias", &QLabel::text);
+        ASSERT_NE(caption, labels.end());
+        EXPECT_EQ((*caption)->textFormat(), Qt::PlainText);
+        for (const char* name : {"Black & White", "Pan & Tilt"}) {
+            const auto* button = dialog.findChild<QAbstractButton*>(name);
+            ASSERT_NE(button, nullptr) << name;
+            EXPECT_EQ(button->text(), QString(name).replace("&", "&&"));
+            EXPECT_TRUE(button->shortcut().isEmpty()) << name;
+        }
+    });
+}
+
+TEST_F(CameraSettingsFormTest, PagesThroughARangeAsWideAsNumbersGo)
+{
+    camera.all[0].minimum = std::numeric_limits<int>::min();
+    camera.all[0].maximum = std::numeric_limits<int>::max();
+    withDialog(
+        [&](QDialog& dialog) { EXPECT_EQ(dialog.findChild<QSlider*>("Saturation")->pageStep(), 429496729); });
 }
 
 TEST_F(CameraSettingsFormTest, TellsTheCameraWhatThePresenterChanges)
