@@ -3,7 +3,12 @@
 
 #include "tests/forms/form_fixture.h"
 
+#include "deck/slide_viewer.h"
 #include "forms/image_surface_widget.h"
+#include "stage/slide_place.h"
+#include "stage/stage_surfaces.h"
+#include "tests/support/fake_image_surface.h"
+#include "tests/support/fake_main_window.h"
 
 using namespace quillora;
 using tests::busyPicture;
@@ -34,6 +39,24 @@ TEST_F(ScaledDisplayTest, SlideIsShownInPhysicalPixels)
     form.slide_img().LoadFile(save(picture, "slide.png"));
     form.slide_img().ResizeImage(747, 420);
     EXPECT_TRUE(tests::waitUntil([&] { return grabStage() == picture; }));
+}
+
+TEST_F(ScaledDisplayTest, SlideIsFittedToThePanelByItsTwips)
+{
+    tests::CallLog log;
+    tests::FakeMainWindow window(log);
+    tests::FakeImageSurface slide_img(log, "slide_img");
+    tests::FakeImageSurface slide_img_N(log, "slide_img_N");
+    session::SessionFields fields;
+    session::Workspace workspace(fields, {.appData = folder.path(), .localAppData = folder.path()});
+    session::SlideTimeIndex index(fields, workspace);
+    const stage::SlidePlace place(form.surfaces().slide_img_back);
+    deck::SlideViewer viewer(
+        {fields, window, workspace, index, slide_img, slide_img_N, place, folder.path()});
+    form.surfaces().slide_img_back.move({{0}, {0}, {8400}, {6300}});
+    viewer.ResizeSlide();
+    EXPECT_EQ(log.calls,
+              (std::vector<std::string>{"slide_img.ResizeImage 560x420", "slide_img_N.ResizeImage 746x420"}));
 }
 
 TEST_F(ScaledDisplayTest, PenLineLiesWhereThePointerWas)
