@@ -32,38 +32,20 @@ struct StageCommands::ModeButton {
     Panels panels;
 };
 
-void StageCommands::toolbar_slides()
-{
-    chooseMedia("slides");
-    m_ports.window.setStatusPanel(6, m_ports.fields.myMediaType);
-}
+void StageCommands::toolbar_slides() { chooseMedia("slides", nothing); }
 
-void StageCommands::toolbar_text()
-{
-    chooseMedia("text");
-    m_ports.window.setStatusPanel(6, m_ports.fields.myMediaType);
-}
+void StageCommands::toolbar_text() { chooseMedia("text", nothing); }
 
 void StageCommands::toolbar_draw()
 {
-    chooseMedia("draw");
-    m_ports.operations.run(Operation::DrawPrepare);
-    m_ports.window.setStatusPanel(6, m_ports.fields.myMediaType);
+    chooseMedia("draw", [this] { m_ports.operations.run(Operation::DrawPrepare); });
 }
 
-void StageCommands::toolbar_web()
-{
-    chooseMedia("web");
-    m_ports.window.setStatusPanel(6, m_ports.fields.myMediaType);
-}
+void StageCommands::toolbar_web() { chooseMedia("web", nothing); }
 
-void StageCommands::toolbar_youtube()
-{
-    chooseMedia("youtube");
-    m_ports.window.setStatusPanel(6, m_ports.fields.myMediaType);
-}
+void StageCommands::toolbar_youtube() { chooseMedia("youtube", nothing); }
 
-void StageCommands::chooseMedia(std::string_view media)
+void StageCommands::chooseMedia(std::string_view media, const std::function<void()>& addition)
 {
     auto& fields = m_ports.fields;
     fields.myMediaType = media;
@@ -72,6 +54,8 @@ void StageCommands::chooseMedia(std::string_view media)
         fields.myWindowMode = "full";
         m_ports.layout.setWindowMode();
     }
+    addition();
+    m_ports.window.setStatusPanel(6, fields.myMediaType);
 }
 
 void StageCommands::Picture26_Click()

@@ -59,7 +59,7 @@ class StageCommands {
   private:
     struct ModeButton;
 
-    void chooseMedia(std::string_view media);
+    void chooseMedia(std::string_view media, const std::function<void()>& addition);
     void arrange(const ModeButton& button);
     void side();
     void mixAt(const base::TwipRectangle& corner);
