@@ -66,7 +66,7 @@ std::string DeckImport::askForDeck()
 {
     auto& dialog = m_ports.CommonDialog1;
     dialog.FileName = kNothingChosen;
-    // Spelled as it always was: the dialog takes what it can read of it.
+    // An odd spelling: the dialog takes what it can read of it.
     dialog.DefaultExt = "ppt; ppx, pps";
     dialog.DialogTitle = "Open PowerPoint File";
     dialog.Filter = "PowerPoint 2003 (*.ppt)|*.ppt|PowerPoint 2007/2010 (*.pptx)|*.pptx|"

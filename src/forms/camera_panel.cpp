@@ -111,7 +111,7 @@ void CameraPanel::makeBackdropCommands()
                                        [this, clicked = command.clicked] { emit(this->*clicked)(); });
         caption->setObjectName(command.name);
         caption->setAccessibleName(command.caption);
-        // The button on the stage has taken their place; they stand where nobody sees them.
+        // The button on the stage does the same; these stand where nobody sees them.
         caption->move(0, top);
         top += caption->sizeHint().height();
     }
@@ -167,7 +167,7 @@ QWidget* CameraPanel::makeControls()
         caption->setObjectName(names.label);
         caption->setProperty("kind", "caption");
         caption->setAccessibleName(tr(names.caption));
-        // The pointer has never reached this one: it used to stand below the panel's edge.
+        // This one's command is out of the pointer's reach.
         caption->setAttribute(Qt::WA_TransparentForMouseEvents, i == 2);
         m_controls.at(std::size_t(i)) = makeControl(i);
         grid->addWidget(caption, i, 0);
