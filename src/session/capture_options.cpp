@@ -4,7 +4,7 @@
 #include "base/text_number.h"
 
 #include <array>
-#include <cstdio>
+#include <charconv>
 
 namespace quillora::session {
 
@@ -43,12 +43,15 @@ constexpr auto* kCodecHelp =
     "have been created by other companies, organizations, or individuals. By default, Quillora Recorder uses "
     "Microsoft Video 1 to incode AVI videos.";
 
-/// With the fifteen digits that such a number is written with, and none that say nothing.
+/// With the fifteen digits that such a number is written with, and none that say nothing. Always with a
+/// point: leadingNumber() takes no other, and the toolkit has the C library write as the presenter's language
+/// does.
 std::string plainDecimal(double number)
 {
     std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "%.15g", number);
-    return text.data();
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::general, 15).ptr;
+    return {text.data(), end};
 }
 
 double sizeFactor(ShowSize size)

@@ -1,6 +1,7 @@
 #include "session/capture_options.h"
 
 #include "session/option_captions.h"
+#include "tests/support/comma_locale.h"
 #include "tests/support/fake_capture_engine.h"
 #include "tests/support/fake_capture_options_form.h"
 #include "tests/support/fake_main_window.h"
@@ -111,6 +112,21 @@ TEST_F(CaptureOptionsTest, StepTheFrameRateByOneAndStopOnlyAtAnExactMatch)
         options.UpDown1_UpClick();
         EXPECT_EQ(fps(), up) << before;
     }
+}
+
+/// The toolkit sets the locale of the desktop, whose numbers may have a comma.
+TEST_F(CaptureOptionsTest, WriteNumbersWithAPointWhateverTheLocale)
+{
+    const tests::CommaLocale locale;
+    if (!locale.isSet())
+        GTEST_SKIP() << "there is nothing to make a locale from";
+    options.txtfps_Change("23.5");
+    options.UpDown1_UpClick();
+    EXPECT_EQ(fps(), "24.5");
+    options.UpDown1_UpClick();
+    EXPECT_EQ(fps(), "25.5");
+    options.sizeClick(ShowSize::l_opt);
+    EXPECT_EQ(options.controls().SS_txt, "1.09");
 }
 
 TEST_F(CaptureOptionsTest, CountTheFrameRateDownFromBelowTheLowest)
