@@ -69,15 +69,19 @@ double sizeFactor(ShowSize size)
 
 } // namespace
 
-const OptionControls& CaptureOptions::controls() { return loaded(); }
+const OptionControls& CaptureOptions::controls()
+{
+    // A recording is made with the stored values, whatever else the engine fails to tell.
+    base::skipFailures([&] { loaded(); });
+    return m_controls;
+}
 
 OptionControls& CaptureOptions::loaded()
 {
     if (!m_isLoaded) {
-        m_isLoaded = true;
         m_controls = {};
-        // The form comes up with what the engine told before it failed.
-        base::skipFailures([&] { Form_Load(); });
+        Form_Load();
+        m_isLoaded = true;
     }
     return m_controls;
 }

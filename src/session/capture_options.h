@@ -14,7 +14,8 @@ namespace quillora::session {
 /// unloaded: OK only hides it and so keeps them, Cancel unloads it and so forgets also what an earlier OK had
 /// kept.
 ///
-/// Nothing is validated: whatever stands in a box is what a recording is made with.
+/// Nothing is validated: whatever stands in a box is what a recording is made with. Where the engine can't be
+/// asked for its lists, the form doesn't come up, and its next use tries again.
 class CaptureOptions {
   public:
     struct Ports {
@@ -27,9 +28,10 @@ class CaptureOptions {
     /// What the ports refer to must outlive this object.
     explicit CaptureOptions(const Ports& ports) : m_ports(ports) {}
 
-    /// Loads the form where it isn't.
+    /// Loads the form where it isn't; the stored values where it can't be loaded.
     const OptionControls& controls();
-    /// Does nothing while recording. Otherwise returns when the form is closed.
+    /// Does nothing while recording. Otherwise returns when the form is closed. Throws what the engine
+    /// throws.
     void toolbar_options();
     /// The same form beside a main form that doesn't answer until the form is unloaded: hiding it by OK
     /// leaves the main form as it is.

@@ -83,13 +83,25 @@ TEST_F(CaptureOptionsTest, FillTheCodecListAnewAfterCancel)
     EXPECT_EQ(form.controls.VideoCodecs_cmb_List, Calls{"Another"});
 }
 
-TEST_F(CaptureOptionsTest, ComeUpWithoutListsWhereTheEngineFails)
+TEST_F(CaptureOptionsTest, DoNotComeUpWhereTheEngineCannotBeAskedUntilItCan)
 {
-    engines.failing.names = {"create"};
+    for (const char* failing : {"create", "AudioLineCount"}) {
+        engines.failing.names = {failing};
+        EXPECT_THROW(options.toolbar_options(), std::runtime_error) << failing;
+        EXPECT_THROW(options.showFromTaskPane(), std::runtime_error) << failing;
+        EXPECT_FALSE(form.visible) << failing;
+        EXPECT_TRUE(window.formEnabled) << failing;
+    }
+    engines.failing.names.clear();
     options.toolbar_options();
     EXPECT_TRUE(form.visible);
-    EXPECT_TRUE(form.controls.VideoCodecs_cmb_List.empty());
-    EXPECT_EQ(form.controls.settings.txtfps, "24");
+    EXPECT_EQ(form.controls.VideoCodecs_cmb_List, engines.videoCodecs);
+}
+
+TEST_F(CaptureOptionsTest, AreTheStoredValuesForARecordingWhoseEngineCannotBeAsked)
+{
+    engines.failing.names = {"VideoCodecCount"};
+    EXPECT_EQ(options.controls().settings, capture::CaptureSettings{});
 }
 
 struct Step {
