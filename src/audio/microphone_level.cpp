@@ -66,6 +66,10 @@ void MicrophoneLevel::cboRecLine_Click()
 {
     if (!m_clsRecorder->SelectMixerLine(m_ports.form.listIndex(List::cboRecLine)))
         warn("Couldn't select mixer line!");
+    // Says nothing to anybody: it is there for whoever steps through the program to see why a line behaves as
+    // it does.
+    [[maybe_unused]] const std::string lineType =
+        "Line Type: " + lineTypeWord(m_clsRecorder->MixerLineType());
     m_ports.form.setSldVol(static_cast<int>(m_clsRecorder->MixerLineVolume()));
     sldVol_Scroll();
 }

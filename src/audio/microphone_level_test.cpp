@@ -156,7 +156,9 @@ TEST_F(MicrophoneLevelTest, SaysWhenALineCannotBeSelectedAndGoesOn)
     dialog.load();
     ASSERT_EQ(world.boxes.shown.size(), 1U);
     EXPECT_EQ(world.boxes.shown[0].text, "Couldn't select mixer line!");
+    EXPECT_EQ(world.boxes.shown[0].title, "Quillora");
     EXPECT_EQ(world.boxes.shown[0].icon, quillora::base::BoxIcon::warning);
+    EXPECT_EQ(world.boxes.shown[0].buttons, quillora::base::BoxButtons::ok);
     EXPECT_EQ(form.label, "100%");
     EXPECT_EQ(form.slider, 65535);
 }

@@ -82,6 +82,7 @@ bool WaveInRecorder::prepare(std::size_t index)
     buffer.header = {.lpData = buffer.samples.data(),
                      .dwBufferLength = static_cast<std::uint32_t>(bytes),
                      .dwUser = index};
+    buffer.data = buffer.header.lpData;
     return m_input.waveInPrepareHeader(m_waveInHandle, buffer.header);
 }
 

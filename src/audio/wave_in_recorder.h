@@ -49,6 +49,8 @@ class WaveInRecorder : public MixerLines {
     struct AudioBuffer {
         WaveHeader header{};
         std::vector<std::int16_t> samples{};
+        /// Where the samples lie, as the header says, in a place that the device doesn't get to see.
+        std::int16_t* data = nullptr;
     };
 
     bool prepareBuffers();
