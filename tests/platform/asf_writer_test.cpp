@@ -3,6 +3,7 @@
 #include "capture/sound_source.h"
 #include "tests/platform/decoded_media.h"
 #include "tests/support/file_size_limit.h"
+#include "tests/support/small_disk.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +18,6 @@
 #include <string>
 #include <thread>
 
-#include <sys/mount.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -25,6 +25,7 @@ using namespace quillora::capture;
 using quillora::tests::DecodedMedia;
 using quillora::tests::decodeMedia;
 using quillora::tests::psnr;
+using quillora::tests::SmallDisk;
 using quillora::tests::TemporaryFolder;
 
 namespace {
@@ -324,34 +325,6 @@ TEST_F(AsfWriterTest, LeavesAFileThatPlaysWhenItCanGrowNoFurther)
     EXPECT_NEAR(double(media.frames.size()) / 24, written, 4);
     EXPECT_NEAR(media.declaredSeconds, written, 4);
 }
-
-namespace {
-
-/// A disk of its own, of the size that the test says. Only the superuser can make one.
-class SmallDisk {
-  public:
-    SmallDisk(const std::filesystem::path& folder, std::uintmax_t bytes) : m_folder(folder)
-    {
-        std::filesystem::create_directory(folder);
-        const std::string options = "size=" + std::to_string(bytes);
-        m_mounted = ::mount("none", folder.c_str(), "tmpfs", 0, options.c_str()) == 0;
-    }
-    ~SmallDisk()
-    {
-        if (m_mounted)
-            ::umount(m_folder.c_str());
-    }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
-
-    bool mounted() const { return m_mounted; }
-
-  private:
-    std::filesystem::path m_folder;
-    bool m_mounted = false;
-};
-
-} // namespace
 
 TEST_F(AsfWriterTest, LeavesAFileThatPlaysOnAFullDiskOfAnySize)
 {

@@ -4,6 +4,7 @@
 #include "tests/support/child_process.h"
 #include "tests/support/file_contents.h"
 #include "tests/support/file_size_limit.h"
+#include "tests/support/small_disk.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/zip_bytes.h"
 
@@ -179,6 +180,35 @@ TEST_F(LibzipReaderTest, RefusesMoreEntriesThanAnyLectureHas)
         zip.add({.name = std::to_string(i)});
     EXPECT_THROW(unzip(zip), std::runtime_error);
     EXPECT_TRUE(unpacked().empty());
+}
+
+TEST_F(LibzipReaderTest, TakesAsManyEntriesAsALectureMayHave)
+{
+    ZipBytes zip;
+    for (int i = 0; i < LibzipReader::kMostEntries; ++i)
+        zip.add({.name = "a.wmv", .contents = "video"});
+    unzip(zip);
+    EXPECT_EQ(unpacked(), (Files{{"a.wmv", "video"}}));
+    fs::remove(preview / "a.wmv");
+    zip.add({.name = "a.wmv", .contents = "video"});
+    EXPECT_THROW(unzip(zip), std::runtime_error);
+    EXPECT_TRUE(unpacked().empty());
+}
+
+TEST_F(LibzipReaderTest, LeavesRoomOnTheDiskForARecordingInAPause)
+{
+    constexpr std::uintmax_t kMebibyte = 1024 * 1024;
+    const tests::SmallDisk small(preview, 258 * kMebibyte);
+    if (!small.mounted())
+        GTEST_SKIP() << "mounting a small disk needs root";
+    ZipBytes large;
+    large.add({.name = "a.wmv", .contents = std::string(3 * kMebibyte, 'a')});
+    EXPECT_THROW(unzip(large), std::runtime_error);
+    EXPECT_TRUE(unpacked().empty());
+    ZipBytes fitting;
+    fitting.add({.name = "a.wmv", .contents = std::string(kMebibyte, 'a')});
+    unzip(fitting);
+    EXPECT_EQ(unpacked(), (Files{{"a.wmv", std::string(kMebibyte, 'a')}}));
 }
 
 TEST_F(LibzipReaderTest, RefusesASmallArchiveThatDeclaresMuch)
