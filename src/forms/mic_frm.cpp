@@ -24,9 +24,7 @@ constexpr int kLargeStep = 2000;
 constexpr int kSmallStep = 1;
 
 /// The points of the form's design at 96 dots per inch, which is what the layout of all windows is made for.
-constexpr int kTextPixels = 12;
-/// The label's place is as wide as "100%" in this size.
-constexpr int kPercentPixels = 11;
+constexpr int kTextPixels = 11;
 
 struct Place {
     Twips left;
@@ -43,19 +41,19 @@ constexpr Place kVol{{765}, {1245}, {3090}, {345}};
 constexpr Place kVolPer{{3900}, {1320}, {435}, {195}};
 constexpr Place kCommand1{{3360}, {1800}, {1095}, {375}};
 
-QFont formFont(int pixelSize)
+QFont formFont()
 {
     QFont font;
     font.setFamilies(
         {QStringLiteral("Tahoma"), QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans")});
-    font.setPixelSize(pixelSize);
+    font.setPixelSize(kTextPixels);
     return font;
 }
 
 /// Each control has its font of its own: below a window with a style sheet none is handed down.
-void put(QWidget& widget, const Place& place, int textPixels = kTextPixels)
+void put(QWidget& widget, const Place& place)
 {
-    widget.setFont(formFont(textPixels));
+    widget.setFont(formFont());
     widget.setGeometry(pixels(place.left), pixels(place.top), pixels(place.width), pixels(place.height));
 }
 
@@ -110,7 +108,7 @@ void mic_frm::makeVolume()
     m_lblVolPer = makeLabel("lblVolPer", QStringLiteral("100%"));
     m_lblVolPer->setAccessibleDescription(tr("Volume in percent"));
     m_lblVolPer->setAlignment(Qt::AlignCenter);
-    put(*m_lblVolPer, kVolPer, kPercentPixels);
+    put(*m_lblVolPer, kVolPer);
 }
 
 void mic_frm::makeCloseButton()

@@ -55,6 +55,15 @@ TEST_F(MicrophoneForm, IsLaidOutAsDesigned)
     EXPECT_EQ(control("Command1")->geometry(), QRect(224, 120, 73, 25));
 }
 
+TEST_F(MicrophoneForm, IsWrittenInOneFont)
+{
+    for (const char* name :
+         {"Label1", "cboDev", "Label2", "cboRecLine", "Label3", "sldVol", "lblVolPer", "Command1"}) {
+        EXPECT_EQ(control(name)->font().families().first(), "Tahoma") << name;
+        EXPECT_EQ(control(name)->font().pixelSize(), 11) << name;
+    }
+}
+
 TEST_F(MicrophoneForm, CutsNoneOfItsTexts)
 {
     for (const char* name : {"Label1", "Label2", "Label3", "lblVolPer"}) {
@@ -199,4 +208,8 @@ TEST_F(MicrophoneForm, IsReadOutByTheWordsOfItsLabels)
     EXPECT_EQ(nameOf("Command1"), "Close");
     dialog.setLblVolPer("89%");
     EXPECT_EQ(nameOf("lblVolPer"), "89%");
+    if (const char* pictures = std::getenv("QUILLORA_PICTURES")) {
+        dialog.setListIndex(List::cboDev, 0);
+        dialog.grab().save(QString(pictures) + "/microphone.png");
+    }
 }
