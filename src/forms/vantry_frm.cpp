@@ -45,9 +45,13 @@ constexpr int kStripCaptionTop = 41;
 constexpr base::Twips kStageLeft{3960};
 constexpr base::Twips kStageTop{650};
 constexpr base::Twips kTaskPaneWidth{3885};
-constexpr base::Twips kImage3Left{14670};
+constexpr base::Twips kImage3Left{14640};
 constexpr base::Twips kImage3Top{7080};
 constexpr base::Twips kImage3Size{480};
+constexpr base::Twips kVolPerLeft{11640};
+constexpr base::Twips kVolPerTop{8160};
+constexpr base::Twips kVolPerWidth{555};
+constexpr base::Twips kVolPerHeight{285};
 
 void setPointer(QWidget& widget, const std::filesystem::path& cursor)
 {
@@ -101,6 +105,8 @@ void Vantry_frm::placeParts()
     m_image3->setToolTip(tr("Choose the microphone and set its level"));
     m_image3->setGeometry(pixels(kImage3Left), pixels(kImage3Top), pixels(kImage3Size), pixels(kImage3Size));
 
+    makeVolumeLabel();
+
     // The stage comes last, where one step back from the toolbar reaches it.
     setTabOrder(m_image3, m_stage);
 
@@ -127,6 +133,18 @@ void Vantry_frm::placeStageControls()
     hint->setObjectName("stage_hint");
     hint->setAccessibleName(hint->text());
     hint->move(m_stage->x(), m_modeStrip->geometry().bottom() + 1 + 2 * kGap);
+}
+
+/// The level that counts stands in the label of the same name in the Microphone Level dialog. Nothing writes
+/// this one, so it isn't shown: presenters would take it for the level of their microphone, whatever that is.
+void Vantry_frm::makeVolumeLabel()
+{
+    auto* lblVolPer = new QLabel(QStringLiteral("100%"), this);
+    lblVolPer->setObjectName("lblVolPer");
+    lblVolPer->setAccessibleName(lblVolPer->text());
+    lblVolPer->setGeometry(pixels(kVolPerLeft), pixels(kVolPerTop), pixels(kVolPerWidth),
+                           pixels(kVolPerHeight));
+    lblVolPer->hide();
 }
 
 void Vantry_frm::makePanels()

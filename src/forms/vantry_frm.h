@@ -116,6 +116,7 @@ class Vantry_frm : public QWidget, public session::MainWindow {
     void placeParts();
     void makePanels();
     void placeStageControls();
+    void makeVolumeLabel();
     void forwardEvents();
     void applyWindowFunctions();
 

@@ -47,6 +47,20 @@ TEST_F(MainWindowTest, DoesNotChangeItsSize)
     EXPECT_LE(form.frameGeometry().width(), 1024);
 }
 
+TEST_F(MainWindowTest, HasTheMicrophoneBesideTheStagesLowerCorner)
+{
+    EXPECT_EQ(find("Image3")->geometry(), QRect(976, 472, 32, 32));
+}
+
+TEST_F(MainWindowTest, HasALabelOfALevelThatItDoesNotShow)
+{
+    const auto* label = find<QLabel>("lblVolPer");
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(label->text(), "100%");
+    EXPECT_EQ(label->geometry(), QRect(776, 544, 37, 19));
+    EXPECT_FALSE(label->isVisible());
+}
+
 TEST_F(MainWindowTest, TellsOnceThatItIsClosedAndClosesThen)
 {
     int unloads = 0;

@@ -7,6 +7,9 @@
 #include <QMenu>
 #include <QTest>
 
+#include <set>
+#include <string>
+
 using namespace quillora;
 using forms::CornerButtons;
 using forms::ModeStrip;
@@ -66,12 +69,15 @@ TEST_F(ModeStripTest, LiesBesideTheStageAndOverNothing)
     const QWidget* const parts[] = {find("Picture1"),       find("Picture_cont1"), find("campos_pic"),
                                     find("campos_caption"), find("Image3"),        find("stage_hint"),
                                     find("ebDemo"),         find("StatusBar1"),    find("countDown_trans"),
-                                    find("main_TB")};
+                                    find("main_TB"),        find("lblVolPer")};
+    // The countdown's place reaches a pixel into the stage and two into the microphone's.
+    const std::set<std::string> reached{"Picture1", "Image3"};
+    const auto mayMeet = [&](const QWidget* one, const QWidget* other) {
+        return one->objectName() == "countDown_trans" && reached.contains(other->objectName().toStdString());
+    };
     for (const QWidget* one : parts)
         for (const QWidget* other : parts)
-            if (one != other &&
-                !(one->objectName() == "Picture1" && other->objectName() == "countDown_trans") &&
-                !(other->objectName() == "Picture1" && one->objectName() == "countDown_trans")) {
+            if (one != other && !mayMeet(one, other) && !mayMeet(other, one)) {
                 EXPECT_FALSE(one->geometry().intersects(other->geometry()))
                     << qPrintable(one->objectName()) << " and " << qPrintable(other->objectName());
             }
