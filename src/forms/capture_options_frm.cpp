@@ -52,6 +52,13 @@ QFont digitFont()
 
 QString text(std::string_view utf8) { return QString::fromUtf8(utf8.data(), qsizetype(utf8.size())); }
 
+/// Names a control, and puts a label beside it.
+void labelled(QWidget* control, const char* name, const QString& text)
+{
+    control->setObjectName(name);
+    (new QLabel(text, control->parentWidget()))->setBuddy(control);
+}
+
 void put(QLineEdit& box, const std::string& value)
 {
     const QSignalBlocker quiet(box);
@@ -200,8 +207,9 @@ void CaptureOptions_frm::makeUnreachable()
     m_VideoCodecs_cmb = new QComboBox(outside);
     m_VideoCodecs_cmb->setObjectName("VideoCodecs_cmb");
     m_VideoCodecs_cmb->setEditable(true);
-    for (const char* name : {"cmbAudioDevicesX", "cmbAudioLinesX"})
-        (new QComboBox(outside))->setObjectName(name);
+    for (const auto& [name, label] :
+         {std::pair{"cmbAudioDevicesX", tr("Audio Device")}, std::pair{"cmbAudioLinesX", tr("Audio Line")}})
+        labelled(new QComboBox(outside), name, label);
 
     auto* Frame2 = captioned(new QGroupBox(outside), "Frame2");
     captioned(new QLabel(Frame2), "Label11");
@@ -234,8 +242,9 @@ void CaptureOptions_frm::makeUnreachablePlaces(QWidget* parent)
 {
     (new QCheckBox(tr("Capture specific window"), parent))->setObjectName("chkcapwindow");
     (new QCheckBox(tr("Use current system volume"), parent))->setObjectName("Check1");
-    for (const char* name : {"txtwinhandle", "txtleft", "txtTop", "txtwidth", "txtheight", "txtvolume1",
-                             "SS_txt", "FPath_txt", "h_txt", "w_txt"})
+    labelled(new QLineEdit(parent), "txtwinhandle", tr("Window Handle "));
+    for (const char* name : {"txtleft", "txtTop", "txtwidth", "txtheight", "txtvolume1", "SS_txt",
+                             "FPath_txt", "h_txt", "w_txt"})
         (new QLineEdit(parent))->setObjectName(name);
 }
 

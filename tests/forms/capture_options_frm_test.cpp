@@ -13,6 +13,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace quillora;
 using forms::CaptureOptions_frm;
 using session::Language;
@@ -153,6 +155,44 @@ TEST_F(CaptureOptionsForm, HasTheControlsThatNothingReadsOutOfReach)
                              "Frame2",          "Frame4"}) {
         ASSERT_NE(control<QWidget>(name), nullptr) << name;
         EXPECT_FALSE(control<QWidget>(name)->isVisible()) << name;
+    }
+}
+
+TEST_F(CaptureOptionsForm, LabelsTheControlsThatNothingReads)
+{
+    const std::pair<const char*, const char*> labels[] = {{"cmbAudioDevicesX", "Audio Device"},
+                                                          {"cmbAudioLinesX", "Audio Line"},
+                                                          {"txtwinhandle", "Window Handle "}};
+    for (const auto& [name, text] : labels) {
+        const auto all = dialog.findChildren<QLabel*>();
+        const auto found = std::ranges::find(all, control<QWidget>(name), &QLabel::buddy);
+        ASSERT_NE(found, all.end()) << name;
+        EXPECT_EQ((*found)->text(), text);
+        EXPECT_FALSE((*found)->isVisible()) << name;
+    }
+    EXPECT_EQ(control<QAbstractButton>("chkcapwindow")->text(), "Capture specific window");
+    EXPECT_EQ(control<QAbstractButton>("Check1")->text(), "Use current system volume");
+    EXPECT_EQ(control<QAbstractButton>("s_opt")->text(), "320x240");
+    EXPECT_EQ(control<QAbstractButton>("n_opt")->text(), "640x480");
+    EXPECT_EQ(control<QAbstractButton>("l_opt")->text(), "1024x768");
+}
+
+TEST_F(CaptureOptionsForm, IsWrittenInFontsThatHaveBothLanguages)
+{
+    const std::pair<const char*, int> captions[] = {{"Frame1", 13},
+                                                    {"Label2", 12},
+                                                    {"Label1", 12},
+                                                    {"capturecursor_chk", 12},
+                                                    {"highlightCursor_chk", 12},
+                                                    {"Command1", 11},
+                                                    {"Command2", 11}};
+    for (const auto& [name, size] : captions) {
+        EXPECT_EQ(control<QWidget>(name)->font().families().first(), "Traditional Arabic") << name;
+        EXPECT_EQ(control<QWidget>(name)->font().pixelSize(), size) << name;
+    }
+    for (const char* name : {"txtfps", "bitrate_txt"}) {
+        EXPECT_EQ(control<QWidget>(name)->font().families().first(), "Arial") << name;
+        EXPECT_EQ(control<QWidget>(name)->font().pixelSize(), 12) << name;
     }
 }
 
