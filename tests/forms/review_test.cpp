@@ -17,9 +17,12 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <csignal>
+#include <cstring>
 #include <set>
 #include <sstream>
+#include <vector>
 
 using namespace quillora;
 using forms::preview_frm;
@@ -285,20 +288,54 @@ TEST_F(ReviewForm, WithoutItsProgram_IsIdle)
     EXPECT_TRUE(waitUntil([&] { return !other.findChild<QWidget*>("player_controls")->isEnabled(); }));
 }
 
-TEST_F(ReviewForm, LetsTheVideoBeHeardWhereThereIsASoundServer)
-{
+/// A sound server that the player finds, and what comes out of it.
+class HeardReviewForm : public ReviewForm {
+  protected:
+    HeardReviewForm()
+    {
+        for (const auto& [name, value] : sound.environment())
+            ::setenv(name.c_str(), value.c_str(), 1);
+    }
+    ~HeardReviewForm() override
+    {
+        for (const auto& [name, value] : sound.environment())
+            ::unsetenv(name.c_str());
+    }
+
+    /// The largest sample of a while in which the video went on playing; -1 where it didn't.
+    int loudness()
+    {
+        if (!playing())
+            player().play();
+        const int before = position();
+        const auto file = folder.path() / "heard.raw";
+        tests::runToEnd({"sh", "-c",
+                         "timeout 0.4 parec --device=null.monitor --format=s16le --channels=1 > \"$0\"",
+                         file.string()},
+                        sound.environment());
+        const auto bytes = tests::readFile(file);
+        std::vector<std::int16_t> samples(bytes.size() / sizeof(std::int16_t));
+        std::memcpy(samples.data(), bytes.data(), samples.size() * sizeof(std::int16_t));
+        tests::settle(50);
+        if (samples.empty() || !playing() || before < 500 || position() <= before)
+            return -1;
+        const auto [lowest, highest] = std::ranges::minmax(samples);
+        return std::max<int>(highest, -lowest);
+    }
+
     const tests::PrivateSoundServer sound{{tests::PrivateSoundServer::kNullSink}};
-    for (const auto& [name, value] : sound.environment())
-        ::setenv(name.c_str(), value.c_str(), 1);
+};
+
+TEST_F(HeardReviewForm, LetsTheVideoBeHeardAsLoudAsItsSliderSays)
+{
+    constexpr int kTone = 2000;
     showDialog();
     playVideo();
-    const auto heard = [&] {
-        return tests::runToEnd({"sh", "-c", "pactl list sink-inputs short | grep -q ."},
-                               sound.environment()) == 0;
-    };
-    EXPECT_TRUE(waitUntil(heard));
-    for (const auto& [name, value] : sound.environment())
-        ::unsetenv(name.c_str());
+    EXPECT_TRUE(waitUntil([&] { return loudness() > kTone; }));
+    control<QSlider>("player_volume")->setValue(0);
+    EXPECT_TRUE(waitUntil([&] { return loudness() == 0; }));
+    control<QSlider>("player_volume")->setValue(100);
+    EXPECT_TRUE(waitUntil([&] { return loudness() > kTone; }));
 }
 
 /// The parts as the program joins them, on a disk of their own.
