@@ -11,6 +11,8 @@ struct Twips {
     constexpr auto operator<=>(const Twips&) const = default;
 };
 
+inline constexpr double kTwipsPerPoint = 20;
+
 /// The one scale of the system, whatever the screen: all rectangles of the stage come out in whole pixels.
 inline constexpr int kTwipsPerPixel = 15;
 

@@ -9,8 +9,6 @@ namespace quillora::forms {
 
 namespace {
 
-constexpr double kTwipsPerPoint = 20;
-
 QStringList families(const std::string& name)
 {
     QStringList families{QString::fromStdString(name)};
@@ -27,7 +25,7 @@ QFont formFont(const drawing::TextFont& font)
 {
     QFont made;
     made.setFamilies(families(font.name));
-    made.setPixelSize(base::roundToInt(font.sizePoints * kTwipsPerPoint / base::kTwipsPerPixel));
+    made.setPixelSize(base::roundToInt(font.sizePoints * base::kTwipsPerPoint / base::kTwipsPerPixel));
     made.setBold(font.bold);
     made.setItalic(font.italic);
     made.setUnderline(font.underline);

@@ -1,6 +1,7 @@
 #include "forms/rich_text_document.h"
 
 #include "base/rounding.h"
+#include "base/twips.h"
 
 #include <QMap>
 #include <QTextBlock>
@@ -16,8 +17,6 @@ namespace quillora::forms {
 
 namespace {
 
-constexpr double kTwipsPerPoint = 20;
-constexpr double kTwipsPerPixel = 15;
 constexpr qsizetype kLongestFontName = 128;
 
 constexpr qsizetype kLargestHtml = 2'000'000;
@@ -77,9 +76,9 @@ base::Twips fontSize(const QTextCharFormat& format)
 {
     double twips = panels::CharacterFormat().size.value;
     if (format.fontPointSize() > 0)
-        twips = format.fontPointSize() * kTwipsPerPoint;
+        twips = format.fontPointSize() * base::kTwipsPerPoint;
     else if (format.hasProperty(QTextFormat::FontPixelSize))
-        twips = format.intProperty(QTextFormat::FontPixelSize) * kTwipsPerPixel;
+        twips = format.intProperty(QTextFormat::FontPixelSize) * base::kTwipsPerPixel;
     return {
         std::clamp(base::roundToInt(twips), panels::kSmallestFontSize.value, panels::kLargestFontSize.value)};
 }
@@ -184,7 +183,7 @@ QTextCharFormat toToolkit(const panels::CharacterFormat& format)
             families.append(QString(each.sameWidths));
     QTextCharFormat made;
     made.setFontFamilies(families);
-    made.setFontPointSize(format.size.value / kTwipsPerPoint);
+    made.setFontPointSize(format.size.value / base::kTwipsPerPoint);
     made.setForeground(
         QColor(base::redOf(format.colour), base::greenOf(format.colour), base::blueOf(format.colour)));
     made.setFontWeight(format.bold ? QFont::Bold : QFont::Normal);

@@ -2,6 +2,7 @@
 
 #include "base/rounding.h"
 #include "base/skip_failures.h"
+#include "base/twips.h"
 #include "forms/input_values.h"
 #include "forms/rich_text_document.h"
 #include "panels/rtf_reader.h"
@@ -21,7 +22,6 @@ namespace quillora::forms {
 namespace {
 
 constexpr int kDotsPerInch = 96;
-constexpr double kTwipsPerPoint = 20;
 constexpr double kMargin = 8;
 constexpr int kCaretWidth = 2;
 
@@ -183,16 +183,16 @@ void TextBoardWidget::setSelColor(base::Colour colour)
 std::optional<double> TextBoardWidget::SelFontSize() const
 {
     const auto size = commonFormat(&panels::CharacterFormat::size);
-    return size ? std::optional(size->value / kTwipsPerPoint) : std::nullopt;
+    return size ? std::optional(size->value / base::kTwipsPerPoint) : std::nullopt;
 }
 
 void TextBoardWidget::setSelFontSize(double points)
 {
-    const double twips = points * kTwipsPerPoint;
+    const double twips = points * base::kTwipsPerPoint;
     if (!(twips >= panels::kSmallestFontSize.value && twips <= panels::kLargestFontSize.value))
         throw std::out_of_range("font size that the board does not take");
     QTextCharFormat format;
-    format.setFontPointSize(base::roundToInt(twips) / kTwipsPerPoint);
+    format.setFontPointSize(base::roundToInt(twips) / base::kTwipsPerPoint);
     mergeFormat(format);
 }
 
