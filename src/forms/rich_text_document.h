@@ -28,7 +28,7 @@ panels::RichText richTextOf(const QTextDocument& document, std::size_t limit);
 panels::RichText selectedRichText(const QTextCursor& cursor);
 
 /// Whether the toolkit reads @p html in less than a second: it takes time by the square of how deep elements
-/// lie in each other.
+/// lie in each other, and by the product of a style sheet's rules and the elements.
 bool isReadable(const QString& html);
 
 /// Reads a stranger's HTML, as far as the board can hold it; nothing that it names is loaded.

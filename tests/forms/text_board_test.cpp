@@ -426,14 +426,40 @@ TEST_F(TextBoardFormTest, TakesTheNextFormatWhereOneIsDamaged)
     paste({{"text/rtf", "{\\rtf1{\\pict 00}}"}, {"text/plain", "plain"}});
     EXPECT_EQ(widget.Text(), "plain");
     board.text2_TB_ButtonClick("cut");
-    paste({{"text/html", QByteArray("<b>").repeated(30'000) + "deep"}, {"text/plain", "plain"}});
-    EXPECT_EQ(widget.Text(), "plain");
-    board.text2_TB_ButtonClick("cut");
+    for (const char* element : {"<b>", "< b>"}) {
+        paste({{"text/html", QByteArray(element).repeated(29'000) + "deep"}, {"text/plain", "plain"}});
+        EXPECT_EQ(widget.Text(), "plain");
+        board.text2_TB_ButtonClick("cut");
+    }
     paste({{"text/html", QByteArray("<table><tr><td>").repeated(6'000) + "deep"}, {"text/plain", "plain"}});
     EXPECT_EQ(widget.Text(), "plain");
     board.text2_TB_ButtonClick("cut");
     paste({{"text/html", QByteArray("<p>many").repeated(40'000)}, {"text/plain", "plain"}});
     EXPECT_EQ(widget.Text(), "plain");
+}
+
+TEST_F(TextBoardFormTest, TakesAStyleSheetButNotOneThatWouldHoldTheWindowUp)
+{
+    const QByteArray many = QByteArray("<p>many").repeated(29'000);
+    const QByteArray slow[] = {
+        "<style>" + QByteArray(".a{}").repeated(200'000) + "</style>" + many,
+        "<style>" + QByteArray(".a,").repeated(200'000) + "b{}</style>" + many,
+        "<STYLE>p" + QByteArray(".a").repeated(100'000) + "{}</STYLE>" + many,
+        "< style></p>" + QByteArray(".a{}").repeated(200'000) + "</style>" + many,
+        "<style><!-- </style> -->" + QByteArray(".a{}").repeated(200'000) + "</style>" + many,
+        "<style>" + QByteArray(".a{}").repeated(1000) + "</style><p class='" +
+            QByteArray("b ").repeated(300'000) + "'>many",
+    };
+    for (const QByteArray& html : slow) {
+        paste({{"text/html", html}, {"text/plain", "plain"}});
+        EXPECT_EQ(widget.Text(), "plain");
+        board.text2_TB_ButtonClick("cut");
+    }
+    paste({{"text/html", "<style>" + QByteArray(".a{font-weight:bold}").repeated(100) + "</style>" +
+                             QByteArray("<p class=a>x").repeated(1000)},
+           {"text/plain", "plain"}});
+    EXPECT_TRUE(widget.Text().starts_with("x\r\nx"));
+    EXPECT_TRUE(contents().paragraphs[0].runs[0].format.bold);
 }
 
 TEST_F(TextBoardFormTest, CopiesAsRtfAndAsText)
