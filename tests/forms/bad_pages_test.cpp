@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <csignal>
 
 using namespace quillora;
@@ -20,6 +21,11 @@ class BadPagesTest : public tests::WebBrowserTest {
     void kill(qint64 process) { ::kill(pid_t(process), SIGKILL); }
 
     void click(QPoint place) { QTest::mouseClick(&browser, Qt::LeftButton, {}, place); }
+
+    int timesAsked(const std::string& target)
+    {
+        return int(std::ranges::count(server.requests(), target, &tests::PageServer::Request::target));
+    }
 
     /// Whether any window on the screen has @p title.
     bool isOnTheScreen(const std::string& title)
@@ -200,6 +206,31 @@ TEST_F(BadPagesTest, BoxesOfScriptsAreAnsweredUnseenWhereTheyAreSilent)
                      "</script>");
     visit("/boxes", "none");
     EXPECT_TRUE(server.wasTold("no"));
+}
+
+TEST_F(BadPagesTest, APageThatAsksToStayIsLeftWhereBoxesAreSilent)
+{
+    browser.setSilent(true);
+    const QByteArray stays = "onbeforeunload = e => { e.preventDefault(); return e.returnValue = 'x' };";
+    server.servePage("/inner", "<script>" + stays + "</script>");
+    server.servePage("/stays", "<p>text<iframe src='/inner'></iframe><script>" + stays +
+                                   "onclick = () => told('clicked'); told('here')</script>");
+    const auto isPressed = [this] {
+        const int before = timesAsked("/told?clicked");
+        visitAndSee("/stays", "here");
+        click({20, 20});
+        return waitUntil([&] { return timesAsked("/told?clicked") > before; });
+    };
+    visit("/red", "red");
+    ASSERT_TRUE(shows(Qt::red));
+    ASSERT_TRUE(isPressed());
+    browser.Navigate(server.address("/blue"));
+    EXPECT_TRUE(shows(Qt::blue));
+    visit("/red", "red");
+    ASSERT_TRUE(shows(Qt::red));
+    ASSERT_TRUE(isPressed());
+    browser.GoBack();
+    EXPECT_TRUE(shows(Qt::red));
 }
 
 TEST_F(BadPagesTest, ABoxOfAScriptDoesNotHoldUpTheRecorder)

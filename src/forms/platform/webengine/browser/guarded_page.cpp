@@ -23,17 +23,33 @@ namespace quillora::forms::webengine {
 
 namespace {
 
-/// What is dragged out of a page would be dropped by an other process than the one whose window is pressed.
-QWebEngineScript noDragging()
+/// Runs in every frame before its own scripts, and out of their reach.
+QWebEngineScript guardingScript(const QString& name, const QString& source)
 {
     QWebEngineScript script;
-    script.setName(QStringLiteral("no dragging"));
-    script.setSourceCode(
-        QStringLiteral("window.addEventListener('dragstart', event => event.preventDefault(), true);"));
+    script.setName(name);
+    script.setSourceCode(source);
     script.setInjectionPoint(QWebEngineScript::DocumentCreation);
     script.setWorldId(QWebEngineScript::ApplicationWorld);
     script.setRunsOnSubFrames(true);
     return script;
+}
+
+/// What is dragged out of a page would be dropped by an other process than the one whose window is pressed.
+QWebEngineScript noDragging()
+{
+    return guardingScript(
+        QStringLiteral("no dragging"),
+        QStringLiteral("window.addEventListener('dragstart', event => event.preventDefault(), true);"));
+}
+
+/// A page that asks whether it may be left would have its answer unseen, which is no, and so hold the
+/// presenter for ever: none is asked.
+QWebEngineScript noStaying()
+{
+    return guardingScript(QStringLiteral("no staying"),
+                          QStringLiteral("window.addEventListener('beforeunload',"
+                                         " event => event.stopImmediatePropagation(), true);"));
 }
 
 struct Setting {
@@ -63,6 +79,7 @@ void restrict(QWebEngineProfile& profile)
 {
     profile.setUrlRequestInterceptor(new WebOnlyGuard(&profile));
     profile.scripts()->insert(noDragging());
+    profile.scripts()->insert(noStaying());
     for (const Setting& setting : kSettings)
         profile.settings()->setAttribute(setting.attribute, setting.value);
     profile.settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
