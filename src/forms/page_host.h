@@ -24,6 +24,7 @@ class PageHost : public QObject {
     /// Brings the host up, or up again. A host that can't come up says so by ended().
     virtual void start() = 0;
 
+    /// An address that is longer than panels::kLongestAddress changes nothing.
     virtual void navigate(const QString& address) = 0;
     virtual void goBack() = 0;
     virtual void goForward() = 0;

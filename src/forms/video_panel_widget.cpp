@@ -13,7 +13,6 @@ namespace {
 
 /// The first video of its site, which the site itself keeps in honour.
 constexpr const char* kSampleLink = "https://www.youtube.com/watch?v=jNQXAC9IVRw";
-constexpr int kLongestLink = 10'000'000;
 constexpr QSize kPanelSize{249, 81};
 
 } // namespace
@@ -26,7 +25,7 @@ VideoPanelWidget::VideoPanelWidget(QWidget* parent) : QWidget(parent)
     setMaximumWidth(kPanelSize.width());
 
     m_yturl_txt = new QLineEdit(this);
-    m_yturl_txt->setMaxLength(kLongestLink);
+    m_yturl_txt->setMaxLength(panels::kLongestAddress);
     m_yturl_txt->setText(kSampleLink);
     m_yturl_txt->setCursorPosition(0);
     m_yturl_txt->setObjectName("yturl_txt");

@@ -15,7 +15,6 @@ namespace {
 
 /// Of a lasting public site.
 constexpr const char* kSampleAddress = "https://www.wikipedia.org/";
-constexpr int kLongestAddress = 10'000'000;
 constexpr int kEnter = 13;
 constexpr QSize kPanelSize{249, 73};
 
@@ -48,7 +47,7 @@ WebPanelWidget::WebPanelWidget(QWidget* parent) : QWidget(parent)
     setMaximumWidth(kPanelSize.width());
 
     m_http_txt = new QLineEdit(this);
-    m_http_txt->setMaxLength(kLongestAddress);
+    m_http_txt->setMaxLength(panels::kLongestAddress);
     m_http_txt->setText(kSampleAddress);
     m_http_txt->setCursorPosition(0);
     m_http_txt->setObjectName("http_txt");

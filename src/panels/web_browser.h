@@ -7,6 +7,9 @@ namespace quillora::panels {
 
 enum class ZoomOutcome { applied, failed };
 
+/// In characters. An engine answers a longer address with an error page that holds all of it.
+inline constexpr int kLongestAddress = 2'000'000;
+
 /// An embedded browser on the stage, as the panels use it: `WebBrowser1` and `WebBrowser2`. Pages load on
 /// their own; no operation waits for one. All of it on the one thread of forms and logic.
 ///
@@ -18,8 +21,8 @@ class WebBrowser {
 
     virtual ~WebBrowser() = default;
 
-    /// @p address is what the presenter typed (UTF-8), whatever it is. An address that can't be shown leaves
-    /// the page as it is.
+    /// @p address is what the presenter typed (UTF-8), whatever it is. An address that can't be shown, or is
+    /// longer than kLongestAddress, leaves the page as it is.
     virtual void Navigate(const std::string& address) = 0;
     /// Throw std::runtime_error, or do nothing, where there is no history.
     virtual void GoBack() = 0;

@@ -64,6 +64,16 @@ TEST_F(BadPagesTest, AnAddressOf100000CharactersIsAskedForAsItIs)
     EXPECT_TRUE(server.wasAsked(target));
 }
 
+TEST_F(BadPagesTest, AnAddressOfNineMillionCharactersChangesNothing)
+{
+    visit("/red", "red");
+    ASSERT_TRUE(shows(Qt::red));
+    const qint64 process = host.processId();
+    browser.Navigate(std::string(9'000'000, 'x'));
+    EXPECT_TRUE(isAlive());
+    EXPECT_EQ(host.processId(), process);
+}
+
 TEST_F(BadPagesTest, AnAddressWithoutASchemeIsAHost)
 {
     browser.show();

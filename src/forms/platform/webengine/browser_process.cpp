@@ -1,6 +1,7 @@
 #include "forms/platform/webengine/browser_process.h"
 
 #include "forms/platform/webengine/input_orders.h"
+#include "panels/web_browser.h"
 
 #include <QEvent>
 #include <QProcess>
@@ -117,7 +118,11 @@ void BrowserProcess::send(const QByteArray& message)
         m_process->write(message);
 }
 
-void BrowserProcess::navigate(const QString& address) { send(message(Order::navigate, address)); }
+void BrowserProcess::navigate(const QString& address)
+{
+    if (address.size() <= panels::kLongestAddress)
+        send(message(Order::navigate, address));
+}
 
 void BrowserProcess::goBack() { send(message(Order::back)); }
 

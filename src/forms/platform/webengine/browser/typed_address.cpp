@@ -1,22 +1,17 @@
 #include "forms/platform/webengine/browser/typed_address.h"
 
+#include "panels/web_browser.h"
+
 #include <QRegularExpression>
 
 namespace quillora::forms::webengine {
-
-namespace {
-
-/// Longer ones are refused by the engine with an error page that holds all of it.
-constexpr qsizetype kLongestAddress = 2'000'000;
-
-} // namespace
 
 std::optional<QUrl> typedAddress(const QString& text)
 {
     static const QRegularExpression scheme(QStringLiteral("^([A-Za-z][A-Za-z0-9+.-]*):"));
     static const QRegularExpression port(QStringLiteral("^[A-Za-z0-9.-]+:[0-9]{1,5}(?=[/?#]|$)"));
     const QString typed = text.trimmed();
-    if (typed.isEmpty() || typed.size() > kLongestAddress)
+    if (typed.isEmpty() || typed.size() > panels::kLongestAddress)
         return std::nullopt;
     QString whole = typed;
     if (typed.startsWith(QStringLiteral("//")))
