@@ -51,6 +51,8 @@ class PageHost : public QObject {
     void zoomed(quint32 request, bool applied);
     /// The keyboard's focus went past the page's last element, or before its first.
     void focusPassed(bool forwards);
+    /// A page begins to load, for whatever reason.
+    void pageStarted();
     /// The process of the page ended by itself; reload() or navigate() bring a new one.
     void pageStopped();
     /// The host is gone; @p why is a sentence for the presenter.

@@ -85,6 +85,8 @@ void WebBrowserWidget::connectHost()
         finishZoom(request, applied ? ZoomOutcome::applied : ZoomOutcome::failed);
     });
     connect(host, &PageHost::focusPassed, this, [this](bool forwards) { focusNextPrevChild(forwards); });
+    // Not at the command: where there is nothing to go back to, the notice is still true.
+    connect(host, &PageHost::pageStarted, m_notice, &QWidget::hide);
     connect(host, &PageHost::pageStopped, this, &WebBrowserWidget::pageStopped);
     connect(host, &PageHost::ended, this, [this](const QString& why, PageHost::Return back) {
         hostEnded(why, back == PageHost::Return::possible ? BrowserNotice::Offer::reload

@@ -20,6 +20,14 @@ class BadPagesTest : public tests::WebBrowserTest {
   protected:
     void kill(qint64 process) { ::kill(pid_t(process), SIGKILL); }
 
+    void killPages()
+    {
+        const auto pages = pageProcesses(host.processId());
+        ASSERT_FALSE(pages.empty());
+        for (const qint64 page : pages)
+            kill(page);
+    }
+
     void click(QPoint place) { QTest::mouseClick(&browser, Qt::LeftButton, {}, place); }
 
     int timesAsked(const std::string& target)
@@ -296,10 +304,7 @@ TEST_F(BadPagesTest, APageThatCrashesSaysSoAndCanBeLoadedAgain)
 {
     visit("/red", "red");
     ASSERT_TRUE(shows(Qt::red));
-    const auto pages = pageProcesses(host.processId());
-    ASSERT_FALSE(pages.empty());
-    for (const qint64 page : pages)
-        kill(page);
+    killPages();
     ASSERT_TRUE(showsNotice());
     EXPECT_NE(host.processId(), 0);
     EXPECT_EQ(zoom("110%"), ZoomOutcome::failed);
@@ -311,11 +316,51 @@ TEST_F(BadPagesTest, APageThatCrashesIsLeftByTheNextAddress)
 {
     visit("/red", "red");
     ASSERT_TRUE(shows(Qt::red));
-    for (const qint64 page : pageProcesses(host.processId()))
-        kill(page);
+    killPages();
     ASSERT_TRUE(showsNotice());
     browser.Navigate(server.address("/blue"));
     EXPECT_TRUE(shows(Qt::blue));
+}
+
+TEST_F(BadPagesTest, APageThatCrashesIsLeftForTheOneBeforeAndTheOneBehindIt)
+{
+    visit("/red", "red");
+    ASSERT_TRUE(shows(Qt::red));
+    visit("/blue", "blue");
+    ASSERT_TRUE(shows(Qt::blue));
+    killPages();
+    ASSERT_TRUE(showsNotice());
+    browser.GoBack();
+    EXPECT_TRUE(shows(Qt::red));
+    killPages();
+    ASSERT_TRUE(showsNotice());
+    browser.GoForward();
+    EXPECT_TRUE(shows(Qt::blue));
+}
+
+TEST_F(BadPagesTest, APageThatCrashedWithNothingBeforeItKeepsItsNotice)
+{
+    visit("/red", "red");
+    ASSERT_TRUE(shows(Qt::red));
+    killPages();
+    ASSERT_TRUE(showsNotice());
+    browser.GoBack();
+    settle(500);
+    EXPECT_TRUE(notice()->isVisible());
+}
+
+TEST_F(BadPagesTest, APageThatCrashedIsLoadedAgainOnce)
+{
+    visit("/red", "red");
+    ASSERT_TRUE(shows(Qt::red));
+    killPages();
+    ASSERT_TRUE(showsNotice());
+    pressReload();
+    ASSERT_TRUE(shows(Qt::red));
+    // Longer than a page that is told to go has to answer.
+    settle(3000);
+    EXPECT_EQ(timesAsked("/red"), 2);
+    EXPECT_FALSE(notice()->isVisible());
 }
 
 TEST_F(BadPagesTest, ABrowserThatCrashesSaysSoAndComesBack)

@@ -40,6 +40,7 @@ enum class Report : quint8 {
     newWindow,   // the process waits for the answer
     zoomed,      // quint32 request, bool applied
     focusPassed, // bool forwards
+    pageStarted, //
     pageStopped, //
 };
 

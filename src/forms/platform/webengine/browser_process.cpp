@@ -218,6 +218,9 @@ void BrowserProcess::handle(const QByteArray& report)
         emit focusPassed(forwards);
         return;
     }
+    case Report::pageStarted:
+        emit pageStarted();
+        return;
     case Report::pageStopped:
         emit pageStopped();
         return;

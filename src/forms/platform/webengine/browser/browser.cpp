@@ -57,6 +57,8 @@ void Browser::connectView()
     m_leavingPatience.setSingleShot(true);
     connect(&m_leavingPatience, &QTimer::timeout, this, &Browser::killHangingPage);
     connect(m_page, &QWebEnginePage::urlChanged, &m_leavingPatience, &QTimer::stop);
+    connect(m_page, &QWebEnginePage::loadStarted, this,
+            [this] { m_recorder.report(message(Report::pageStarted)); });
     connect(m_page, &QWebEnginePage::renderProcessTerminated, this, &Browser::pageEnded);
 }
 
@@ -126,6 +128,11 @@ void Browser::navigate(const QString& text)
 
 void Browser::leave(std::function<void()> leave)
 {
+    // One that has crashed holds nobody up, and would never answer.
+    if (m_page->renderProcessPid() == 0) {
+        leave();
+        return;
+    }
     // A page of the same site is loaded by the same process, which a script without end never lets go.
     m_leaving = std::move(leave);
     m_leavingPatience.start(kPatience);
@@ -141,6 +148,7 @@ void Browser::killHangingPage()
 
 void Browser::pageEnded()
 {
+    m_leavingPatience.stop();
     // Killed for not letting go: what it didn't let go to comes now.
     if (std::exchange(m_killed, false))
         m_leaving();
