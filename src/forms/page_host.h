@@ -39,15 +39,15 @@ class PageHost : public QObject {
     virtual void setShown(bool shown) = 0;
     /// A key, pointer, focus or input method event of the surface; others are ignored.
     virtual void forward(const QEvent& event) = 0;
-    /// The answer to newWindowAsked(); the page stands still until it comes.
-    virtual void answerNewWindow(bool cancel) = 0;
+    /// The answer to newWindowAsked() with the same @p question; the page stands still until it comes.
+    virtual void answerNewWindow(quint32 question, bool cancel) = 0;
     /// The newest picture, in pixels of the screen. The next pictureReady() comes after it only.
     virtual QImage takePicture() = 0;
 
   signals:
     void pictureReady();
     void pointerChanged(Qt::CursorShape shape);
-    void newWindowAsked();
+    void newWindowAsked(quint32 question);
     void zoomed(quint32 request, bool applied);
     /// The keyboard's focus went past the page's last element, or before its first.
     void focusPassed(bool forwards);

@@ -187,12 +187,12 @@ void WebBrowserWidget::setSilent(bool silent)
 
 void WebBrowserWidget::setNewWindow2(NewWindow2 handler) { m_newWindow2 = std::move(handler); }
 
-void WebBrowserWidget::askForNewWindow()
+void WebBrowserWidget::askForNewWindow(quint32 question)
 {
     bool Cancel = false;
     if (m_newWindow2)
         m_newWindow2(Cancel);
-    m_host->answerNewWindow(Cancel);
+    m_host->answerNewWindow(question, Cancel);
 }
 
 void WebBrowserWidget::pageStopped()

@@ -55,7 +55,7 @@ class WebBrowserWidget : public QWidget, public panels::WebBrowser {
     bool passesFocusOn(const QFocusEvent& event);
     void finishZoom(quint32 request, panels::ZoomOutcome outcome);
     void failZooms();
-    void askForNewWindow();
+    void askForNewWindow(quint32 question);
     void pageStopped();
     void hostEnded(const QString& why, BrowserNotice::Offer offer);
 

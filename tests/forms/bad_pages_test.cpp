@@ -153,6 +153,24 @@ TEST_F(BadPagesTest, ALinkOpensAWindowOfItsOwnWhereThatIsGranted)
     EXPECT_TRUE(waitUntil([&] { return isOnTheScreen("a granted window"); }));
 }
 
+TEST_F(BadPagesTest, AnAnswerThatComesTooLateIsNotTakenForThatToTheNextQuestion)
+{
+    int asked = 0;
+    browser.setNewWindow2([&](bool& Cancel) {
+        Cancel = ++asked > 1;
+        // The page has given up on the first answer by then, and waits for the second.
+        if (asked == 1)
+            QThread::msleep(2500);
+    });
+    server.servePage("/two", "<script>window.open('/red'); window.open('/blue'); told('opened')</script>");
+    visit("/two", "opened");
+    EXPECT_TRUE(waitUntil([&] { return asked == 2; }));
+    settle(500);
+    EXPECT_FALSE(server.wasAsked("/red"));
+    EXPECT_FALSE(server.wasAsked("/blue"));
+    EXPECT_TRUE(isAlive());
+}
+
 TEST_F(BadPagesTest, WindowsAreGrantedFreelyWhereNobodyIsAskedButNotWithoutEnd)
 {
     server.serve("/window", {.body = "<script>fetch('/told?w' + location.search)</script>"});

@@ -29,7 +29,7 @@ enum class Order : quint8 {
     inputMethod,  // QString preedit, QString committed
     focus,        // bool gained, qint32 reason
     leave,        //
-    newWindow,    // bool cancel
+    newWindow,    // quint32 question, bool cancel
     pictureTaken, //
 };
 
@@ -37,7 +37,7 @@ enum class Order : quint8 {
 enum class Report : quint8 {
     picture,     // QSize in pixels of the screen: it lies in the shared picture, and stays until it is taken
     pointer,     // qint32 shape
-    newWindow,   // the process waits for the answer
+    newWindow,   // quint32 question: the process waits for its answer
     zoomed,      // quint32 request, bool applied
     focusPassed, // bool forwards
     pageStarted, //

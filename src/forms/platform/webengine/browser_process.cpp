@@ -140,7 +140,10 @@ void BrowserProcess::resize(QSize size) { send(message(Order::resize, size)); }
 
 void BrowserProcess::setShown(bool shown) { send(message(Order::shown, shown)); }
 
-void BrowserProcess::answerNewWindow(bool cancel) { send(message(Order::newWindow, cancel)); }
+void BrowserProcess::answerNewWindow(quint32 question, bool cancel)
+{
+    send(message(Order::newWindow, question, cancel));
+}
 
 void BrowserProcess::forward(const QEvent& event)
 {
@@ -202,9 +205,12 @@ void BrowserProcess::handle(const QByteArray& report)
             emit pointerChanged(Qt::CursorShape(shape));
         return;
     }
-    case Report::newWindow:
-        emit newWindowAsked();
+    case Report::newWindow: {
+        quint32 question = 0;
+        in >> question;
+        emit newWindowAsked(question);
         return;
+    }
     case Report::zoomed: {
         quint32 request = 0;
         bool applied = false;

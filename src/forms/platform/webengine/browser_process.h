@@ -34,7 +34,7 @@ class BrowserProcess : public PageHost {
     void resize(QSize size) override;
     void setShown(bool shown) override;
     void forward(const QEvent& event) override;
-    void answerNewWindow(bool cancel) override;
+    void answerNewWindow(quint32 question, bool cancel) override;
     QImage takePicture() override;
 
     /// 0 while there is none.

@@ -20,6 +20,20 @@ constexpr int kAnswerPatienceMs = 2000;
 
 Order orderOf(const QByteArray& order) { return Order(quint8(order.front())); }
 
+struct Answer {
+    quint32 question = 0;
+    bool refused = true;
+};
+
+Answer answerIn(const QByteArray& order)
+{
+    Answer answer;
+    quint8 kind = 0;
+    QDataStream in(order);
+    in >> kind >> answer.question >> answer.refused;
+    return answer;
+}
+
 /// At once, past whatever the engine still has to tidy up: nothing of this process is kept.
 [[noreturn]] void endProcess() { std::_Exit(EXIT_SUCCESS); }
 
@@ -47,7 +61,8 @@ void RecorderLink::report(const QByteArray& message)
 
 bool RecorderLink::newWindowIsRefused()
 {
-    report(message(Report::newWindow));
+    const quint32 question = ++m_lastQuestion;
+    report(message(Report::newWindow, question));
     QElapsedTimer waited;
     waited.start();
     while (waited.elapsed() < kAnswerPatienceMs) {
@@ -58,10 +73,12 @@ bool RecorderLink::newWindowIsRefused()
         for (auto order = m_waiting.begin(); order != m_waiting.end(); ++order) {
             if (orderOf(*order) != Order::newWindow)
                 continue;
-            const bool refused = order->size() < 2 || order->at(1) != 0;
+            const Answer answer = answerIn(*order);
+            if (answer.question != question)
+                continue;
             m_waiting.erase(order);
             QMetaObject::invokeMethod(this, &RecorderLink::handleWaiting, Qt::QueuedConnection);
-            return refused;
+            return answer.refused;
         }
     }
     QMetaObject::invokeMethod(this, &RecorderLink::handleWaiting, Qt::QueuedConnection);

@@ -19,7 +19,8 @@ class RecorderLink : public QObject {
 
     void report(const QByteArray& message);
     /// Whether a new window is refused. Waits for the recorder's answer, as the page does; orders that come
-    /// before it are kept for later. A recorder that doesn't answer refuses.
+    /// before it are kept for later. A recorder that doesn't answer refuses, and what it says too late is not
+    /// taken for the answer to another question.
     bool newWindowIsRefused();
 
   signals:
@@ -34,6 +35,7 @@ class RecorderLink : public QObject {
     int m_out;
     MessageReader m_reader;
     std::deque<QByteArray> m_waiting{};
+    quint32 m_lastQuestion = 0;
 };
 
 } // namespace quillora::forms::webengine
