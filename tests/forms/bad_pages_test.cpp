@@ -422,6 +422,24 @@ TEST_F(BadPagesTest, TheAdministratorGetsAPlainPageInstead)
     EXPECT_TRUE(server.requests().empty());
 }
 
+TEST_F(BadPagesTest, ABrowserThatTalksNonsenseIsEnded)
+{
+    const auto program = folder.path() / "nonsense";
+    const auto number = folder.path() / "number";
+    tests::writeFile(program, "#!/bin/sh\necho $$ >'" + number.string() +
+                                  "'\nprintf '\\377\\377\\377\\377'\nexec sleep 1000\n");
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    forms::webengine::BrowserProcess nonsense(program);
+    forms::WebBrowserWidget other("WebBrowser2", "Video", &window);
+    other.setGeometry(window.rect());
+    other.setPageHost(nonsense);
+    other.show();
+    EXPECT_TRUE(waitUntil([&] { return other.findChild<QWidget*>("browser_notice")->isVisible(); }));
+    const qint64 process = std::atoll(tests::readFile(number).c_str());
+    ASSERT_GT(process, 0);
+    EXPECT_TRUE(waitUntil([&] { return isGone(process); }));
+}
+
 TEST_F(BadPagesTest, ABrowserThatIsNotInstalledIsTold)
 {
     forms::webengine::BrowserProcess missing(folder.path() / "no browser");

@@ -22,7 +22,6 @@ namespace {
 constexpr quint32 kLongestReport = 1024;
 /// A browser that doesn't read what it is told is not told where the pointer moves.
 constexpr qint64 kMostUnread = 64 * 1024;
-constexpr int kEndPatienceMs = 300;
 
 /// The browser's own protection against its pages is not for the administrator, and without it a page is not
 /// shown. Tests, which serve their own pages, switch it off.
@@ -49,7 +48,12 @@ BrowserProcess::BrowserProcess(std::filesystem::path program)
     : m_program(std::move(program)), m_reports(kLongestReport)
 {}
 
-BrowserProcess::~BrowserProcess() { dropProcess(); }
+BrowserProcess::~BrowserProcess()
+{
+    dropProcess();
+    for (QProcess* dropped : findChildren<QProcess*>())
+        dropped->waitForFinished();
+}
 
 void BrowserProcess::start()
 {
@@ -102,14 +106,16 @@ void BrowserProcess::dropProcess()
     if (m_process == nullptr)
         return;
     QProcess* process = std::exchange(m_process, nullptr);
-    process->disconnect(this);
-    process->closeWriteChannel();
-    if (process->state() != QProcess::NotRunning && !process->waitForFinished(kEndPatienceMs)) {
-        process->kill();
-        process->waitForFinished();
-    }
-    process->deleteLater();
     m_pictureSize = {};
+    process->disconnect(this);
+    if (process->state() == QProcess::NotRunning) {
+        process->deleteLater();
+        return;
+    }
+    // Nothing of it is kept, and this thread has a recording to care for: whatever state the process is in,
+    // it is not waited for.
+    connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    process->kill();
 }
 
 void BrowserProcess::send(const QByteArray& message)
