@@ -86,7 +86,7 @@ void frmAbout::makeText()
 void frmAbout::makeFoot(const std::string& version)
 {
     auto* maker = placed(new QPushButton(tr("The makers of Quillora"), this), "Label1",
-                         tr("The maker's page"), 600, 3795, 3225, 420);
+                         tr("The maker's page"), 600, 3885, 3225, 240);
     maker->setFlat(true);
     maker->setCursor(Qt::PointingHandCursor);
     maker->setAutoDefault(false);
@@ -96,10 +96,10 @@ void frmAbout::makeFoot(const std::string& version)
     connect(maker, &QPushButton::clicked, this, &frmAbout::Label1_Click);
 
     const QString versionText = QString::fromStdString(version);
-    auto* label = placed(new QLabel(versionText, this), "version_lb", versionText, 3795, 3885, 1515, 240);
+    auto* label = placed(new QLabel(versionText, this), "version_lb", versionText, 3915, 3885, 1275, 240);
     label->setAlignment(Qt::AlignCenter);
 
-    auto* ok = placed(new QPushButton(tr("OK"), this), "cmdOK", tr("OK"), 5880, 3795, 1260, 420);
+    auto* ok = placed(new QPushButton(tr("OK"), this), "cmdOK", tr("OK"), 5880, 3840, 1260, 345);
     ok->setDefault(true);
     ok->setFocus();
     connect(ok, &QPushButton::clicked, this, &QWidget::hide);

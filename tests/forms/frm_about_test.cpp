@@ -57,6 +57,9 @@ TEST_F(FrmAboutTest, TellsWhatTheProgramIs)
     EXPECT_TRUE(find<QPlainTextEdit>("Text1")->isReadOnly());
     EXPECT_EQ(find<QWidget>("Picture1")->geometry(), QRect(8, 8, 250, 43));
     EXPECT_EQ(find<QWidget>("Text1")->geometry(), QRect(8, 56, 473, 185));
+    EXPECT_EQ(find<QWidget>("Label1")->geometry(), QRect(40, 259, 215, 16));
+    EXPECT_EQ(find<QWidget>("version_lb")->geometry(), QRect(261, 259, 85, 16));
+    EXPECT_EQ(find<QWidget>("cmdOK")->geometry(), QRect(392, 256, 84, 23));
     EXPECT_FALSE(about.rect().intersects(find<QWidget>("TransImg1")->geometry()));
     EXPECT_EQ(about.palette().color(QPalette::Window), QColor(Qt::white));
 }
