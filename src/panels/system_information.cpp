@@ -1,6 +1,5 @@
 #include "panels/system_information.h"
 
-#include "base/skip_failures.h"
 #include "base/text_number.h"
 
 #include <charconv>
@@ -57,12 +56,12 @@ void SystemInformation::StartSysInfo()
 {
     std::string path;
     if (GetKeyValue(HKEY_LOCAL_MACHINE, kToolKey, kToolValue, path)) {
-        base::skipFailures([&] { m_ports.programs.run(path); });
+        m_ports.programs.run(path);
         return;
     }
     if (GetKeyValue(HKEY_LOCAL_MACHINE, kLocationKey, kLocationValue, path) &&
         m_ports.programs.fileExists(path + kToolInLocation)) {
-        base::skipFailures([&] { m_ports.programs.run(path + kToolInLocation); });
+        m_ports.programs.run(path + kToolInLocation);
         return;
     }
     m_ports.boxes.show({.text = "System Information Is Unavailable At This Time"});

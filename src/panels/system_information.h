@@ -29,7 +29,8 @@ class SystemInformation {
     /// What the ports refer to must outlive this object.
     explicit SystemInformation(const Ports& ports) : m_ports(ports) {}
 
-    /// Starts the tool, or says in a box that there is none.
+    /// Starts the tool, or says in a box that there is none. Throws what the starter throws of one that is
+    /// there and can't be started.
     void StartSysInfo();
 
     /// Reads the value @p SubKeyRef of the key @p KeyName. A text comes as it is; the digits of a number are

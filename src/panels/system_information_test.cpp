@@ -71,8 +71,17 @@ TEST_F(SystemInformationTest, RunsThePathWithoutLookingForItsFile)
 {
     keys.keys[kToolKey]["PATH"] = textValue("C:\\gone.exe");
     programs.fails = true;
-    EXPECT_NO_THROW(information.StartSysInfo());
+    EXPECT_THROW(information.StartSysInfo(), std::runtime_error);
     EXPECT_EQ(log.startingWith("run"), Calls{"run C:\\gone.exe"});
+    EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(SystemInformationTest, TellsItsCallerOfAToolAtTheLocationThatCannotBeStarted)
+{
+    keys.keys[kLocationKey]["MSINFO"] = textValue("C:\\place");
+    programs.files = {"C:\\place\\MSINFO32.EXE"};
+    programs.fails = true;
+    EXPECT_THROW(information.StartSysInfo(), std::runtime_error);
     EXPECT_TRUE(boxes.shown.empty());
 }
 
