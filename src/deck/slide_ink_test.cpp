@@ -1,10 +1,6 @@
 #include "deck/slide_ink.h"
 
-#include "tests/support/fake_image_surface.h"
-#include "tests/support/fake_main_window.h"
-#include "tests/support/fake_slide_panel.h"
-#include "tests/support/file_contents.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/slide_viewer_world.h"
 
 #include <gtest/gtest.h>
 
@@ -15,28 +11,14 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class SlideInkTest : public testing::Test {
+class SlideInkTest : public tests::SlideViewerWorld {
   protected:
-    tests::TemporaryFolder disk{};
-    tests::CallLog log{};
-    tests::FakeMainWindow window{log};
-    tests::FakeImageSurface slide_img{log, "slide_img"};
-    tests::FakeImageSurface slide_img_N{log, "slide_img_N"};
-    tests::FakeSlidePanel slide_img_back{};
-    session::SessionFields fields{};
-    session::Workspace workspace{fields, {.appData = disk.path(), .localAppData = disk.path()}};
-    session::SlideTimeIndex index{fields, workspace};
-    SlideViewer viewer{
-        {fields, window, workspace, index, slide_img, slide_img_N, slide_img_back, disk.path()}};
     SlidePen pen{slide_img};
     SlideInk ink{{window, slide_img, pen, viewer, "/assets"}};
 
     SlideInkTest()
     {
-        workspace.makeFolders();
-        for (int n = 1; n <= 9; ++n)
-            tests::writeFile(workspace.root() / ("Slide" + std::to_string(n) + ".PNG"), "slide");
-        fields.slideCount = "9";
+        makeDeck(9);
         fields.currentSlide = "3";
         viewer.LoadSlide();
         log.clear();

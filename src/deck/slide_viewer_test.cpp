@@ -1,38 +1,17 @@
 #include "deck/slide_viewer.h"
 
-#include "tests/support/fake_image_surface.h"
-#include "tests/support/fake_main_window.h"
-#include "tests/support/fake_slide_panel.h"
-#include "tests/support/file_contents.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/slide_viewer_world.h"
 
 #include <gtest/gtest.h>
 
 namespace quillora::deck {
 namespace {
 
-class SlideViewerTest : public testing::Test {
+class SlideViewerTest : public tests::SlideViewerWorld {
   protected:
-    tests::TemporaryFolder disk{};
-    tests::CallLog log{};
-    tests::FakeMainWindow window{log};
-    tests::FakeImageSurface slide_img{log, "slide_img"};
-    tests::FakeImageSurface slide_img_N{log, "slide_img_N"};
-    tests::FakeSlidePanel slide_img_back{};
-    session::SessionFields fields{};
-    session::Workspace workspace{fields, {.appData = disk.path(), .localAppData = disk.path()}};
-    session::SlideTimeIndex index{fields, workspace};
-    SlideViewer viewer{
-        {fields, window, workspace, index, slide_img, slide_img_N, slide_img_back, disk.path()}};
-
-    SlideViewerTest() { workspace.makeFolders(); }
-
-    void make(const std::string& name) { tests::writeFile(workspace.root() / name, name); }
     void deckOf(int slides, const std::string& stem = "Slide", const std::string& extension = ".PNG")
     {
-        for (int n = 1; n <= slides; ++n)
-            make(stem + std::to_string(n) + extension);
-        fields.slideCount = std::to_string(slides);
+        makeDeck(slides, stem, extension);
         fields.currentSlide = "1";
         viewer.LoadSlide();
     }
