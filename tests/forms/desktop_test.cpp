@@ -1,5 +1,6 @@
 #include "forms/desktop.h"
 #include "tests/forms/form_fixture.h"
+#include "tests/forms/stand_in_desktop.h"
 #include "tests/support/file_contents.h"
 
 #include <gtest/gtest.h>
@@ -13,38 +14,15 @@ using tests::waitUntil;
 
 namespace {
 
-/// With a desktop of stand-ins: each program writes down what it was started with.
 class DesktopTest : public testing::Test {
   protected:
-    DesktopTest()
-    {
-        std::filesystem::create_directories(programs);
-        path = std::getenv("PATH");
-        ::setenv("PATH", (programs.string() + ":/usr/bin:/bin").c_str(), 1);
-    }
-    ~DesktopTest() override { ::setenv("PATH", path.c_str(), 1); }
-
-    void standIn(const std::string& name)
-    {
-        tests::writeFile(programs / name,
-                         "#!/bin/sh\nprintf '" + name + ":%s\\n' \"$@\" >>'" + calls.string() + "'\n");
-        std::filesystem::permissions(programs / name, std::filesystem::perms::owner_all);
-    }
-
     bool started(const std::string& line)
     {
-        return waitUntil([&] { return heard() == line; });
-    }
-    std::string heard()
-    {
-        std::ifstream file(calls);
-        return {std::istreambuf_iterator<char>(file), {}};
+        return waitUntil([&] { return desktop.heard() == line; });
     }
 
     tests::TemporaryFolder folder;
-    std::filesystem::path programs = folder.path() / "bin";
-    std::filesystem::path calls = folder.path() / "calls";
-    std::string path;
+    tests::StandInDesktop desktop{folder.path()};
     forms::DesktopApplications applications;
     forms::DesktopPrograms starter;
     forms::DesktopSettings settings;
@@ -68,14 +46,14 @@ int children()
 
 TEST_F(DesktopTest, OpensAnAddressWithWhatTheDesktopHasForIt)
 {
-    standIn("xdg-open");
+    desktop.standIn("xdg-open");
     applications.open("http://localhost:8480/v3/upload");
     EXPECT_TRUE(started("xdg-open:http://localhost:8480/v3/upload\n"));
 }
 
 TEST_F(DesktopTest, OpensADocumentThatIsThere)
 {
-    standIn("xdg-open");
+    desktop.standIn("xdg-open");
     const auto document = folder.path() / "Vantry_QGuide.pdf";
     tests::writeFile(document, "%PDF");
     applications.open(document.string());
@@ -84,16 +62,16 @@ TEST_F(DesktopTest, OpensADocumentThatIsThere)
 
 TEST_F(DesktopTest, IsSilentAboutADocumentThatIsMissing)
 {
-    standIn("xdg-open");
+    desktop.standIn("xdg-open");
     EXPECT_NO_THROW(applications.open((folder.path() / "Vantry_QGuide.pdf").string()));
     EXPECT_NO_THROW(applications.open((folder.path() / "Support.chm").string()));
     tests::settle(300);
-    EXPECT_EQ(heard(), "");
+    EXPECT_EQ(desktop.heard(), "");
 }
 
 TEST_F(DesktopTest, TakesTheHelpPageForTheHelpFile)
 {
-    standIn("xdg-open");
+    desktop.standIn("xdg-open");
     tests::writeFile(folder.path() / "Support.html", "<p>help");
     applications.open((folder.path() / "Support.chm").string());
     EXPECT_TRUE(started("xdg-open:" + (folder.path() / "Support.html").string() + "\n"));
@@ -101,7 +79,7 @@ TEST_F(DesktopTest, TakesTheHelpPageForTheHelpFile)
 
 TEST_F(DesktopTest, PrefersTheHelpFileItself)
 {
-    standIn("xdg-open");
+    desktop.standIn("xdg-open");
     tests::writeFile(folder.path() / "Support.html", "<p>help");
     tests::writeFile(folder.path() / "Support.chm", "help");
     applications.open((folder.path() / "Support.chm").string());
@@ -110,7 +88,7 @@ TEST_F(DesktopTest, PrefersTheHelpFileItself)
 
 TEST_F(DesktopTest, LeavesNothingBehindOfWhatItStarted)
 {
-    standIn("xdg-open");
+    desktop.standIn("xdg-open");
     const int before = children();
     applications.open("http://localhost/");
     EXPECT_TRUE(started("xdg-open:http://localhost/\n"));
@@ -124,10 +102,10 @@ TEST_F(DesktopTest, KnowsThePathOfItsInformationTool)
     ASSERT_EQ(settings.RegOpenKeyExA(panels::HKEY_LOCAL_MACHINE, "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO",
                                      panels::kAllAccess, key),
               0);
-    standIn("hardinfo");
+    desktop.standIn("hardinfo");
     ASSERT_EQ(settings.RegQueryValueExA(key, "PATH", 1024, value), 0);
     EXPECT_EQ(value.type, panels::kTextValue);
-    EXPECT_EQ(value.bytes, (programs / "hardinfo").string() + '\0');
+    EXPECT_EQ(value.bytes, (desktop.programs() / "hardinfo").string() + '\0');
     EXPECT_NE(settings.RegQueryValueExA(key, "PATH", 3, value), 0);
     EXPECT_NE(settings.RegQueryValueExA(key, "OTHER", 1024, value), 0);
 }
@@ -142,10 +120,10 @@ TEST_F(DesktopTest, KnowsNoOtherSettings)
 
 TEST_F(DesktopTest, StartsAProgramAndSaysWhenItCannot)
 {
-    standIn("hardinfo");
-    starter.run(programs / "hardinfo");
+    desktop.standIn("hardinfo");
+    starter.run(desktop.programs() / "hardinfo");
     EXPECT_TRUE(started("hardinfo:\n"));
-    EXPECT_THROW(starter.run(programs / "missing"), std::runtime_error);
-    EXPECT_TRUE(starter.fileExists(programs / "hardinfo"));
-    EXPECT_FALSE(starter.fileExists(programs / "missing"));
+    EXPECT_THROW(starter.run(desktop.programs() / "missing"), std::runtime_error);
+    EXPECT_TRUE(starter.fileExists(desktop.programs() / "hardinfo"));
+    EXPECT_FALSE(starter.fileExists(desktop.programs() / "missing"));
 }
