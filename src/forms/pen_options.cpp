@@ -76,13 +76,21 @@ PenWidths::PenWidths(QWidget* parent) : QWidget(parent)
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(12);
-    for (const Width& width : kWidths) {
+    for (std::size_t i = 0; i < m_widths.size(); ++i) {
+        const Width& width = kWidths[i];
         OptionButton* button = makeOption(width.option, this);
+        m_widths[i] = button;
         button->setToolTip(tr(width.option.spokenName));
         button->setStyleSheet(QString("font-size: %1px;").arg(width.dashPixels));
         row->addWidget(button);
     }
     row->addStretch();
+}
+
+void PenWidths::choose(std::size_t width)
+{
+    if (!m_widths[width]->isChecked())
+        m_widths[width]->click();
 }
 
 } // namespace quillora::forms

@@ -5,6 +5,7 @@
 #include "deck/slide_viewer.h"
 #include "forms/image_surface_widget.h"
 #include "forms/notes_panel.h"
+#include "forms/pen_options.h"
 #include "forms/task_pane_widget.h"
 #include "session/session_fields.h"
 #include "session/slide_time_index.h"
@@ -172,6 +173,19 @@ TEST_F(SlideInkFormTest, WidthsGrowAndTheToolbarSetsThemBack)
     click("pens_TB_black");
     drag({200, 300}, {400, 300});
     EXPECT_EQ(inkWidthAt(300, 300), 2);
+}
+
+TEST_F(SlideInkFormTest, AWidthThatAProgramChoosesIsAClick)
+{
+    auto* widths = find<forms::PenWidths>("Picture29");
+    std::vector<int> clicks;
+    QObject::connect(widths, &forms::PenWidths::Option_Click, [&](int number) { clicks.push_back(number); });
+    widths->chooseOption10();
+    widths->chooseOption11();
+    widths->chooseOption12();
+    widths->chooseOption12();
+    EXPECT_EQ(clicks, (std::vector{10, 11, 12}));
+    EXPECT_TRUE(find<QAbstractButton>("Option12")->isChecked());
 }
 
 TEST_F(SlideInkFormTest, TheOlderArrowShowsTheArrowAndStillDraws)
