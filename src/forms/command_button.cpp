@@ -37,4 +37,13 @@ bool CommandButton::event(QEvent* event)
     return QToolButton::event(event);
 }
 
+CommandButton* makeToolbarButton(const ToolbarButton& button, QWidget* toolbar)
+{
+    auto* made = new CommandButton(CommandButton::Face::iconOnly, button.iconName, {},
+                                   QObject::tr(button.spokenName), toolbar);
+    made->setObjectName(toolbar->objectName() + u'_' + button.key);
+    made->setToolTip(QObject::tr(button.toolTip));
+    return made;
+}
+
 } // namespace quillora::forms

@@ -23,4 +23,14 @@ class CommandButton : public QToolButton {
     bool event(QEvent* event) override;
 };
 
+struct ToolbarButton {
+    const char* key;
+    const char* iconName;
+    const char* spokenName;
+    const char* toolTip;
+};
+
+/// A button with a picture alone, named after @p toolbar and its own key.
+CommandButton* makeToolbarButton(const ToolbarButton& button, QWidget* toolbar);
+
 } // namespace quillora::forms

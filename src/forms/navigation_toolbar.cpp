@@ -32,13 +32,11 @@ NavigationToolbar::NavigationToolbar(QWidget* parent) : QWidget(parent)
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(6);
     for (const Move& move : kMoves) {
-        const QString key = move.key;
-        auto* button = new CommandButton(CommandButton::Face::iconOnly, key, {}, tr(move.spokenName), this);
-        button->setObjectName("navigation_TB_" + key);
-        button->setToolTip(tr(move.toolTip));
+        CommandButton* button = makeToolbarButton({move.key, move.key, move.spokenName, move.toolTip}, this);
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         button->setFixedHeight(38);
-        connect(button, &QToolButton::clicked, this, [this, key] { emit ButtonClick(key.toStdString()); });
+        connect(button, &QToolButton::clicked, this,
+                [this, key = std::string(move.key)] { emit ButtonClick(key); });
         row->addWidget(button);
     }
 }

@@ -13,14 +13,7 @@ namespace {
 constexpr base::Twips kWidth{2535};
 constexpr base::Twips kHeight{495};
 
-struct Tool {
-    const char* key;
-    const char* iconName;
-    const char* spokenName;
-    const char* toolTip;
-};
-
-constexpr Tool kTools[] = {
+constexpr ToolbarButton kTools[] = {
     {"arrow", "arrow", "Arrow", "Arrow: put the pen down"},
     {"black", "pen_black", "Black pen", "Draw on the slide in black"},
     {"blue", "pen_blue", "Blue pen", "Draw on the slide in blue"},
@@ -39,14 +32,11 @@ PensToolbar::PensToolbar(QWidget* parent) : QWidget(parent)
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(2);
-    for (const Tool& tool : kTools) {
-        const std::string key = tool.key;
-        auto* button =
-            new CommandButton(CommandButton::Face::iconOnly, tool.iconName, {}, tr(tool.spokenName), this);
-        button->setObjectName(QString("pens_TB_") + tool.key);
-        button->setToolTip(tr(tool.toolTip));
+    for (const ToolbarButton& tool : kTools) {
+        CommandButton* button = makeToolbarButton(tool, this);
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-        connect(button, &QToolButton::clicked, this, [this, key] { emit ButtonClick(key); });
+        connect(button, &QToolButton::clicked, this,
+                [this, key = std::string(tool.key)] { emit ButtonClick(key); });
         row->addWidget(button);
     }
 }

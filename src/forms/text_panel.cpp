@@ -64,14 +64,11 @@ void makeToolbar(const char* name, const char* spokenName, base::Twips top, cons
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(1);
     for (const Command& command : commands) {
-        const std::string key = command.key;
-        const QString toolTip = QObject::tr(command.toolTip);
-        auto* button = new CommandButton(CommandButton::Face::iconOnly, command.key, {}, toolTip, toolbar);
-        button->setObjectName(QString("%1_%2").arg(name, command.key));
-        button->setToolTip(toolTip);
+        CommandButton* button =
+            makeToolbarButton({command.key, command.key, command.toolTip, command.toolTip}, toolbar);
         button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
         QObject::connect(button, &QToolButton::clicked, panel,
-                         [panel, click, key] { emit(panel->*click)(key); });
+                         [panel, click, key = std::string(command.key)] { emit(panel->*click)(key); });
         row->addWidget(button);
     }
 }
