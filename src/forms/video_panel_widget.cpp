@@ -4,8 +4,8 @@
 #include "forms/look.h"
 
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QLineEdit>
+#include <QVBoxLayout>
 
 namespace quillora::forms {
 
@@ -13,7 +13,11 @@ namespace {
 
 /// The first video of its site, which the site itself keeps in honour.
 constexpr const char* kSampleLink = "https://www.youtube.com/watch?v=jNQXAC9IVRw";
-constexpr QSize kPanelSize{249, 81};
+constexpr base::Twips kWidth{3735};
+constexpr base::Twips kHeight{1095};
+constexpr base::Twips kBoxHeight{440};
+constexpr base::Twips kToolbarTop{480};
+constexpr base::Twips kToolbarSide{600};
 
 } // namespace
 
@@ -21,8 +25,8 @@ VideoPanelWidget::VideoPanelWidget(QWidget* parent) : QWidget(parent)
 {
     setObjectName("yt_pic");
     setAccessibleName(tr("Online video controls"));
-    setFixedHeight(kPanelSize.height());
-    setMaximumWidth(kPanelSize.width());
+    setFixedHeight(pixels(kHeight));
+    setMaximumWidth(pixels(kWidth));
 
     m_yturl_txt = new QLineEdit(this);
     m_yturl_txt->setMaxLength(panels::kLongestAddress);
@@ -30,14 +34,15 @@ VideoPanelWidget::VideoPanelWidget(QWidget* parent) : QWidget(parent)
     m_yturl_txt->setCursorPosition(0);
     m_yturl_txt->setObjectName("yturl_txt");
     m_yturl_txt->setAccessibleName(tr("Video link"));
-    m_yturl_txt->setFixedHeight(pixels({440}));
+    m_yturl_txt->setFixedHeight(pixels(kBoxHeight));
     m_yturl_txt->installEventFilter(this);
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(5, 2, 5, 6);
-    column->setSpacing(4);
+    column->setContentsMargins(0, 0, 0, pixels(kHeight) - pixels(kToolbarTop) - pixels(kToolbarSide));
+    column->setSpacing(pixels(kToolbarTop) - pixels(kBoxHeight));
+    // Not wider than the panel, which would hide the end of the link and the caret there.
     column->addWidget(m_yturl_txt);
-    column->addWidget(makeToolbar());
+    column->addWidget(makeToolbar(), 0, Qt::AlignLeft);
     makeUnreachable();
 }
 
@@ -46,17 +51,12 @@ QWidget* VideoPanelWidget::makeToolbar()
     auto* toolbar = new QWidget(this);
     toolbar->setObjectName("asxToolbar1");
     toolbar->setAccessibleName(tr("Video toolbar"));
-    auto* row = new QHBoxLayout(toolbar);
-    row->setContentsMargins(0, 0, 0, 0);
-    auto* play =
-        new CommandButton(CommandButton::Face::iconOnly, "youtube", {}, tr("Play the video"), toolbar);
-    play->setObjectName("asxToolbar1_youtube");
-    play->setToolTip(tr("Play the video on the stage"));
-    play->setFixedSize(pixels({600}), pixels({600}));
+    toolbar->setFixedSize(pixels(kToolbarSide), pixels(kToolbarSide));
+    CommandButton* play =
+        makeToolbarButton({"youtube", "youtube", "Play the video", "Play the video on the stage"}, toolbar);
+    play->setGeometry(toolbar->rect());
     play->setIconSize({26, 26});
     connect(play, &QToolButton::clicked, this, [this] { emit asxToolbar1_ButtonClick("youtube"); });
-    row->addWidget(play);
-    row->addStretch();
     return toolbar;
 }
 
@@ -78,6 +78,8 @@ bool VideoPanelWidget::eventFilter(QObject* watched, QEvent* event)
         emit yturl_txt_LostFocus();
     return QWidget::eventFilter(watched, event);
 }
+
+QSize VideoPanelWidget::sizeHint() const { return {pixels(kWidth), pixels(kHeight)}; }
 
 std::string VideoPanelWidget::yturl_txt() const { return m_yturl_txt->text().toStdString(); }
 

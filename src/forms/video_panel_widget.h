@@ -17,6 +17,8 @@ class VideoPanelWidget : public QWidget, public panels::VideoPanelControls {
   public:
     explicit VideoPanelWidget(QWidget* parent);
 
+    QSize sizeHint() const override;
+
     std::string yturl_txt() const override;
     void setYturl_txt(const std::string& text) override;
 

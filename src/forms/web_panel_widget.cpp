@@ -16,17 +16,17 @@ namespace {
 /// Of a lasting public site.
 constexpr const char* kSampleAddress = "https://www.wikipedia.org/";
 constexpr int kEnter = 13;
-constexpr QSize kPanelSize{249, 73};
+constexpr base::Twips kWidth{3735};
+constexpr base::Twips kHeight{975};
+constexpr base::Twips kBoxWidth{3700};
+constexpr base::Twips kBoxHeight{405};
+constexpr base::Twips kToolbarTop{480};
+constexpr base::Twips kToolbarHeight{495};
+/// Between the read-out and the edge of the pane.
+constexpr int kReadOutMargin = 4;
 
-struct Button {
-    /// Empty for a separator.
-    const char* key;
-    const char* iconName;
-    const char* spokenName;
-    const char* toolTip;
-};
-
-constexpr Button kButtons[] = {
+/// Those without a key are separators.
+constexpr ToolbarButton kButtons[] = {
     {"go", "go", "Go to the address", "Go"},
     {"", "", "", ""},
     {"back", "back", "Page back", "Back"},
@@ -43,8 +43,8 @@ WebPanelWidget::WebPanelWidget(QWidget* parent) : QWidget(parent)
 {
     setObjectName("PicWeb");
     setAccessibleName(tr("Web page controls"));
-    setFixedHeight(kPanelSize.height());
-    setMaximumWidth(kPanelSize.width());
+    setFixedHeight(pixels(kHeight));
+    setMaximumWidth(pixels(kWidth));
 
     m_http_txt = new QLineEdit(this);
     m_http_txt->setMaxLength(panels::kLongestAddress);
@@ -52,7 +52,7 @@ WebPanelWidget::WebPanelWidget(QWidget* parent) : QWidget(parent)
     m_http_txt->setCursorPosition(0);
     m_http_txt->setObjectName("http_txt");
     m_http_txt->setAccessibleName(tr("Web address"));
-    m_http_txt->setFixedHeight(pixels({405}));
+    m_http_txt->setFixedHeight(pixels(kBoxHeight));
     connect(m_http_txt, &QLineEdit::returnPressed, this, [this] { emit http_txt_KeyPress(kEnter); });
 
     m_Label24 = new QLabel("100%", this);
@@ -62,9 +62,12 @@ WebPanelWidget::WebPanelWidget(QWidget* parent) : QWidget(parent)
     m_Label24->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(5, 2, 5, 6);
-    column->setSpacing(5);
-    column->addWidget(m_http_txt);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(pixels(kToolbarTop) - pixels(kBoxHeight));
+    auto* box = new QHBoxLayout;
+    box->setContentsMargins(0, 0, pixels(kWidth) - pixels(kBoxWidth), 0);
+    box->addWidget(m_http_txt);
+    column->addLayout(box);
     column->addWidget(makeToolbar());
     makeUnreachable();
 }
@@ -74,23 +77,22 @@ QWidget* WebPanelWidget::makeToolbar()
     auto* toolbar = new QWidget(this);
     toolbar->setObjectName("web_TB");
     toolbar->setAccessibleName(tr("Web toolbar"));
+    toolbar->setFixedHeight(pixels(kToolbarHeight));
     auto* row = new QHBoxLayout(toolbar);
-    row->setContentsMargins(0, 0, 0, 0);
+    row->setContentsMargins(0, 0, kReadOutMargin, 0);
     row->setSpacing(0);
-    for (const Button& each : kButtons) {
+    for (const ToolbarButton& each : kButtons) {
         if (*each.key == '\0') {
             row->addWidget(makeSeparator(20, toolbar));
             continue;
         }
-        const std::string key = each.key;
-        auto* button =
-            new CommandButton(CommandButton::Face::iconOnly, each.iconName, {}, tr(each.spokenName), toolbar);
-        button->setObjectName(QStringLiteral("web_TB_") + each.key);
-        button->setToolTip(tr(each.toolTip));
-        connect(button, &QToolButton::clicked, this, [this, key] { emit web_TB_ButtonClick(key); });
+        CommandButton* button = makeToolbarButton(each, toolbar);
+        connect(button, &QToolButton::clicked, this,
+                [this, key = std::string(each.key)] { emit web_TB_ButtonClick(key); });
         row->addWidget(button);
     }
     row->addStretch();
+    // Not below the toolbar, where the panel would hide it: who zooms wants to know how far.
     row->addWidget(m_Label24);
     return toolbar;
 }
@@ -111,6 +113,8 @@ void WebPanelWidget::makeUnreachable()
         left = pixels({960});
     }
 }
+
+QSize WebPanelWidget::sizeHint() const { return {pixels(kWidth), pixels(kHeight)}; }
 
 std::string WebPanelWidget::http_txt() const { return m_http_txt->text().toStdString(); }
 

@@ -11,12 +11,15 @@ class QLineEdit;
 
 namespace quillora::forms {
 
-/// `PicWeb`: the address box, the toolbar and the zoom read-out of the web page on the stage.
+/// `PicWeb`: the address box, the toolbar and the zoom read-out of the web page on the stage. Where the pane
+/// is narrower, the box and the toolbar are, too.
 class WebPanelWidget : public QWidget, public panels::WebPanelControls {
     Q_OBJECT
 
   public:
     explicit WebPanelWidget(QWidget* parent);
+
+    QSize sizeHint() const override;
 
     std::string http_txt() const override;
     std::string Label24() const override;

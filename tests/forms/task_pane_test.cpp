@@ -57,6 +57,31 @@ TEST_F(TaskPaneFormTest, ShowsThePanelOfABarThatIsOpened)
     }
 }
 
+TEST_F(TaskPaneFormTest, ShowsThePanelsOfTheWebWholeAndLegible)
+{
+    ebDemo.AddExpBar();
+    // So much that the pane has its scroll bar.
+    for (const char* key : {"powerpoint", "draw", "web", "youtube"}) {
+        ebDemo.setBarState(key, BarState::expanded);
+        tests::settle(500);
+    }
+    ASSERT_TRUE(form.ebDemo().verticalScrollBar()->isVisible());
+    for (const char* panel : {"PicWeb", "yt_pic"}) {
+        form.ebDemo().ensureWidgetVisible(find(panel));
+        tests::settle(50);
+        EXPECT_EQ(find(panel)->visibleRegion(), find(panel)->rect()) << panel;
+        EXPECT_GE(find(panel)->width(), 237) << panel;
+    }
+    EXPECT_GE(find("Label24")->width(), find("Label24")->sizeHint().width());
+    for (const char* box : {"http_txt", "yturl_txt"}) {
+        EXPECT_EQ(find(box)->palette().color(QPalette::Text), QColor(0x6B, 0x76, 0x85)) << box;
+        EXPECT_EQ(find(box)->palette().color(QPalette::Base), QColor(Qt::white)) << box;
+    }
+    EXPECT_TRUE(find("http_txt")->font().bold());
+    EXPECT_EQ(find("http_txt")->font().pixelSize(), 15);
+    EXPECT_FALSE(find("yturl_txt")->font().bold());
+}
+
 TEST_F(TaskPaneFormTest, KeepsItsPanelsThroughEveryRebuild)
 {
     QWidget* notes = find("Pic_notes");

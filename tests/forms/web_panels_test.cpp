@@ -21,8 +21,8 @@ class WebPanelsTest : public testing::Test {
     WebPanelsTest()
     {
         window.resize(400, 300);
-        web.move(0, 0);
-        video.move(0, 100);
+        web.setGeometry(QRect({0, 0}, web.sizeHint()));
+        video.setGeometry(QRect({0, 100}, video.sizeHint()));
         elsewhere.move(0, 250);
         QObject::connect(&web, &forms::WebPanelWidget::web_TB_ButtonClick,
                          [this](const std::string& key) { calls.push_back(key); });
@@ -105,6 +105,19 @@ TEST_F(WebPanelsTest, TheReadOutBeginsAt100AndShowsWhatItIsTold)
     EXPECT_EQ(web.Label24(), "110%");
     EXPECT_EQ(find<QLabel>("Label24")->text(), "110%");
     EXPECT_FALSE(find("Label24")->visibleRegion().isEmpty());
+}
+
+TEST_F(WebPanelsTest, ThePanelsHaveTheirPartsInTheirPlaces)
+{
+    EXPECT_EQ(web.size(), QSize(249, 65));
+    EXPECT_EQ(find("http_txt")->geometry(), QRect(0, 0, 247, 27));
+    EXPECT_EQ(find("web_TB")->geometry(), QRect(0, 32, 249, 33));
+    EXPECT_EQ(find("online_opt")->geometry(), QRect(0, 136, 65, 17));
+    EXPECT_EQ(find("offline_opt")->geometry(), QRect(64, 136, 65, 17));
+    EXPECT_EQ(video.size(), QSize(249, 73));
+    EXPECT_EQ(find("yturl_txt")->geometry(), QRect(0, 0, 249, 29));
+    EXPECT_EQ(find("asxToolbar1")->geometry(), QRect(0, 32, 40, 40));
+    EXPECT_EQ(find("Command3")->geometry(), QRect(104, 96, 36, 25));
 }
 
 TEST_F(WebPanelsTest, OnlineAndOfflineLieBelowWhatThePanelShows)
