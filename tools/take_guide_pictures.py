@@ -80,7 +80,6 @@ def take_pictures(desktop, arguments):
         desktop.picture(arguments.folder / f"{name}.png", window.area())
 
     presenter.wait(1)
-    take("start")
     presenter.open_deck(ROOT / "assets" / "sample_lecture.pptx")
     presenter.move("next")
     presenter.wait(1)
