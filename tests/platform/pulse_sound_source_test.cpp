@@ -114,8 +114,8 @@ TEST(PulseSoundSourceWithBrokenInput, DeliversSilenceForWhatIsNoNumber)
             sound.write(reinterpret_cast<const char*>(&value), sizeof value);
         }
     }
-    PulseSoundSource source(server.address());
     HeardSound heard;
+    PulseSoundSource source(server.address());
     source.start(heard);
     ASSERT_TRUE(heard.has(0.2));
     ASSERT_EQ(
@@ -158,6 +158,7 @@ TEST_F(PulseSoundSourceTest, DeliversToTheLastSinkOnlyWhenItIsStartedTwice)
     const std::size_t count = heard.samples().size();
     EXPECT_TRUE(second.has(0.2));
     EXPECT_EQ(heard.samples().size(), count);
+    source.stop(); // before the sink ends that it delivers to
 }
 
 TEST_F(PulseSoundSourceTest, StopIsHarmlessWhenNothingWasStarted)
