@@ -32,7 +32,7 @@ struct CameraFrame {
 class NewestFrame {
   public:
     /// @p changed is called on the thread that put() or clear() was called on, once for all the changes that
-    /// came before the next take().
+    /// came before the next take(). Any thread; a call of what was given before may still be under way.
     void onChange(std::function<void()> changed);
 
     /// Offers @p frame, and gives a used buffer back in its place. Any thread.
@@ -45,8 +45,9 @@ class NewestFrame {
 
     /// How much of the screen there is for a picture; a larger one had better be made to fit it on the
     /// camera's thread. Empty while nobody looks: a camera that fills a hidden surface can spare itself the
-    /// work. At first any picture has room.
+    /// work. At first any picture has room. Any thread.
     void setRoom(FrameSize room);
+    /// As it was set last. Any thread.
     FrameSize room() const;
 
   private:
