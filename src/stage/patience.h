@@ -5,7 +5,7 @@
 #include <functional>
 #include <mutex>
 
-namespace quillora::stage::v4l2 {
+namespace quillora::stage {
 
 /// How the thread of forms and logic waits for an answer of a device: not for ever, and letting the window's
 /// events through, so that the window is painted and its clock goes on while a camera takes its time.
@@ -34,4 +34,4 @@ bool waitFor(std::condition_variable& changed, std::unique_lock<std::mutex>& loc
     return done();
 }
 
-} // namespace quillora::stage::v4l2
+} // namespace quillora::stage

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "stage/platform/v4l2/patience.h"
+#include "stage/patience.h"
 
 #include <memory>
 #include <string>

@@ -6,11 +6,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <exception>
 #include <linux/videodev2.h>
 #include <poll.h>
 #include <stdexcept>
 #include <sys/eventfd.h>
+#include <system_error>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -18,31 +20,31 @@
 namespace quillora::stage::v4l2 {
 namespace {
 
-/// Ends a wait for pictures when there is a note to read.
-class Bell {
+/// Ends a wait for pictures when there are orders.
+class WakeUpEvent {
   public:
-    Bell() : m_descriptor(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC))
+    WakeUpEvent() : m_descriptor(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC))
     {
         if (m_descriptor < 0)
-            throw std::runtime_error("no event descriptor");
+            throw std::system_error(errno, std::generic_category(), "no event descriptor");
     }
-    ~Bell() { ::close(m_descriptor); }
-    Bell(const Bell&) = delete;
-    Bell& operator=(const Bell&) = delete;
+    ~WakeUpEvent() { ::close(m_descriptor); }
+    WakeUpEvent(const WakeUpEvent&) = delete;
+    WakeUpEvent& operator=(const WakeUpEvent&) = delete;
 
     int descriptor() const { return m_descriptor; }
-    void ring() const { ::eventfd_write(m_descriptor, 1); }
-    void silence() const
+    void set() const { ::eventfd_write(m_descriptor, 1); }
+    void reset() const
     {
-        eventfd_t rings = 0;
-        ::eventfd_read(m_descriptor, &rings);
+        eventfd_t times = 0;
+        ::eventfd_read(m_descriptor, &times);
     }
 
   private:
     int m_descriptor;
 };
 
-void selectSource(const Device& device, const CameraThread::Target& target)
+void selectSource(const Device& device, const CameraTarget& target)
 {
     int input = target.videoInput;
     device.tryRequest(VIDIOC_S_INPUT, &input);
@@ -53,152 +55,6 @@ void selectSource(const Device& device, const CameraThread::Target& target)
         device.tryRequest(VIDIOC_S_STD, &standard.id);
 }
 
-} // namespace
-
-class CameraThread::Line {
-  public:
-    enum class State { opening, open, over };
-    struct Orders {
-        bool stop = false;
-        bool refresh = false;
-        /// One a setting, in the order in which they were given last: a value that is set after an automatic
-        /// mode was switched off would be refused before it.
-        std::vector<std::pair<std::uint32_t, int>> changes{};
-    };
-
-    explicit Line(NewestFrame& frames) : m_frames(&frames) {}
-
-    // For the thread of forms and logic.
-
-    bool opening() const
-    {
-        const std::lock_guard lock(m_mutex);
-        return m_state == State::opening && !m_orders.stop;
-    }
-    bool open() const
-    {
-        const std::lock_guard lock(m_mutex);
-        return m_state == State::open && !m_orders.stop;
-    }
-    std::vector<CameraSetting> settings() const
-    {
-        const std::lock_guard lock(m_mutex);
-        return m_settings;
-    }
-    bool waitUntilOpen(const Patience& patience)
-    {
-        std::unique_lock lock(m_mutex);
-        waitFor(m_changed, lock, patience, [&] { return m_state != State::opening || m_orders.stop; });
-        return m_state == State::open && !m_orders.stop;
-    }
-    bool waitUntilClosed(const Patience& patience)
-    {
-        std::unique_lock lock(m_mutex);
-        return waitFor(m_changed, lock, patience, [&] { return m_closed; });
-    }
-    void setPreview(bool running)
-    {
-        const std::lock_guard lock(m_mutex);
-        m_preview = running;
-    }
-    void refresh()
-    {
-        const std::lock_guard lock(m_mutex);
-        m_orders.refresh = true;
-        m_bell.ring();
-    }
-    void change(std::uint32_t id, int value)
-    {
-        const std::lock_guard lock(m_mutex);
-        std::erase_if(m_orders.changes, [&](const auto& earlier) { return earlier.first == id; });
-        m_orders.changes.emplace_back(id, value);
-        assume(id, value);
-        m_bell.ring();
-    }
-    void letGo()
-    {
-        const std::lock_guard lock(m_mutex);
-        m_orders.stop = true;
-        m_frames = nullptr;
-        m_settings.clear();
-        m_bell.ring();
-        m_changed.notify_all();
-    }
-
-    // For the camera's thread.
-
-    const Bell& bell() const { return m_bell; }
-    void say(State state)
-    {
-        const std::lock_guard lock(m_mutex);
-        m_state = state;
-        if (state == State::over) {
-            m_settings.clear();
-            if (m_frames)
-                m_frames->clear();
-        }
-        m_changed.notify_all();
-    }
-    void sayClosed()
-    {
-        const std::lock_guard lock(m_mutex);
-        m_closed = true;
-        m_changed.notify_all();
-    }
-    void offer(std::vector<CameraSetting> settings)
-    {
-        const std::lock_guard lock(m_mutex);
-        if (m_orders.stop)
-            return;
-        m_settings = std::move(settings);
-        for (const auto& [id, value] : m_orders.changes)
-            assume(id, value);
-    }
-    Orders takeOrders()
-    {
-        m_bell.silence();
-        const std::lock_guard lock(m_mutex);
-        const bool stop = m_orders.stop;
-        return std::exchange(m_orders, Orders{.stop = stop});
-    }
-    /// Empty where no picture is wanted.
-    FrameSize room() const
-    {
-        const std::lock_guard lock(m_mutex);
-        return m_frames && m_preview ? m_frames->room() : FrameSize{};
-    }
-    void offer(CameraFrame& frame)
-    {
-        const std::lock_guard lock(m_mutex);
-        if (m_frames && m_preview)
-            m_frames->put(frame);
-    }
-
-  private:
-    /// What is ordered counts as done until the device says otherwise: the next order may depend on it.
-    void assume(std::uint32_t id, int value)
-    {
-        const auto found = std::ranges::find(m_settings, id, &CameraSetting::id);
-        if (found != m_settings.end())
-            found->value = value;
-    }
-
-    mutable std::mutex m_mutex;
-    std::condition_variable m_changed;
-    Bell m_bell;
-    State m_state = State::opening;
-    bool m_closed = false;
-    bool m_preview = false;
-    Orders m_orders;
-    std::vector<CameraSetting> m_settings;
-    /// Null once the connection was let go.
-    NewestFrame* m_frames;
-};
-
-namespace {
-
-using Line = CameraThread::Line;
-
 /// A setting that is no number may well take others into its hands or free them.
 bool mayChangeOthers(const std::vector<CameraSetting>& settings, std::uint32_t id)
 {
@@ -206,90 +62,65 @@ bool mayChangeOthers(const std::vector<CameraSetting>& settings, std::uint32_t i
     return found != settings.end() && found->kind != CameraSetting::Kind::number;
 }
 
-void obey(const Device& device, Line& line, const Line::Orders& orders)
+void obey(const Device& device, CameraMailbox& mailbox, const CameraMailbox::Orders& orders)
 {
-    bool readAgain = orders.refresh;
+    bool readAgain = orders.readSettings;
     for (const auto& [id, value] : orders.changes) {
         try {
             writeSetting(device, id, value);
-            readAgain = readAgain || mayChangeOthers(line.settings(), id);
+            readAgain = readAgain || mayChangeOthers(mailbox.settings(), id);
         } catch (const std::exception&) {
             readAgain = true;
         }
     }
     if (readAgain)
-        line.offer(readSettings(device));
+        mailbox.reportSettings(readSettings(device));
 }
 
-/// Until there are pictures, or a note.
-void waitForNews(const Device& device, const Line& line)
+void waitForPicturesOrOrders(const Device& device, const WakeUpEvent& wakeUp)
 {
-    std::array<pollfd, 2> sources{{{device.descriptor(), POLLIN, 0}, {line.bell().descriptor(), POLLIN, 0}}};
+    std::array<pollfd, 2> sources{{{device.descriptor(), POLLIN, 0}, {wakeUp.descriptor(), POLLIN, 0}}};
     ::poll(sources.data(), sources.size(), -1);
     if (sources[0].revents & (POLLERR | POLLHUP | POLLNVAL))
         throw std::runtime_error("the camera is gone");
+    // Before the orders are taken: what is ordered after that sets it again.
+    wakeUp.reset();
 }
 
-void film(const CameraThread::Target& target, Line& line)
+void captureLoop(const CameraTarget& target, const WakeUpEvent& wakeUp, CameraMailbox& mailbox)
 {
     const Device device(target.node);
     selectSource(device, target);
     FrameStream stream(device);
-    line.offer(readSettings(device));
-    line.say(Line::State::open);
+    mailbox.reportSettings(readSettings(device));
+    mailbox.reportOpen();
     CameraFrame frame;
     for (;;) {
-        waitForNews(device, line);
-        const auto orders = line.takeOrders();
-        if (orders.stop)
+        waitForPicturesOrOrders(device, wakeUp);
+        const auto orders = mailbox.takeOrders();
+        if (!orders)
             return;
-        if (orders.refresh || !orders.changes.empty())
-            obey(device, line, orders);
-        if (stream.take(line.room(), frame))
-            line.offer(frame);
+        obey(device, mailbox, *orders);
+        if (stream.take(mailbox.room(), frame))
+            mailbox.put(frame);
     }
 }
 
 } // namespace
 
-CameraThread::CameraThread(Target target, NewestFrame& frames)
-    : m_line(std::make_shared<Line>(frames))
+std::shared_ptr<CameraMailbox> startCameraThread(CameraTarget target, NewestFrame& frames)
 {
-    std::thread([line = m_line, target = std::move(target)] {
+    const auto wakeUp = std::make_shared<WakeUpEvent>();
+    const auto mailbox = std::make_shared<CameraMailbox>(frames, [wakeUp] { wakeUp->set(); });
+    std::thread([target = std::move(target), wakeUp, mailbox] {
         try {
-            film(target, *line);
+            captureLoop(target, *wakeUp, *mailbox);
         } catch (const std::exception&) {
             // Whatever it was, the camera can't be used any more, which is all that can be told.
         }
-        line->say(Line::State::over);
-        line->sayClosed();
+        mailbox->reportClosed();
     }).detach();
-}
-
-CameraThread::~CameraThread() { letGo(); }
-
-bool CameraThread::waitUntilOpen(const Patience& patience)
-{
-    return std::shared_ptr(m_line)->waitUntilOpen(patience);
-}
-
-bool CameraThread::opening() const { return m_line->opening(); }
-
-bool CameraThread::open() const { return m_line->open(); }
-
-void CameraThread::setPreview(bool running) { m_line->setPreview(running); }
-
-std::vector<CameraSetting> CameraThread::settings() const { return m_line->settings(); }
-
-void CameraThread::refreshSettings() { m_line->refresh(); }
-
-void CameraThread::changeSetting(std::uint32_t id, int value) { m_line->change(id, value); }
-
-void CameraThread::letGo() { m_line->letGo(); }
-
-bool waitUntilClosed(CameraThread::Line& line, const Patience& patience)
-{
-    return line.waitUntilClosed(patience);
+    return mailbox;
 }
 
 } // namespace quillora::stage::v4l2

@@ -41,10 +41,10 @@ V4l2VideoCap::~V4l2VideoCap()
     disconnect();
     // A device that is well is closed in order; one that hangs is left to the end of the process.
     for (const auto& each : m_leaving)
-        waitUntilClosed(*each.line, {.longest = 300ms});
+        each.mailbox->waitUntilClosed({.longest = 300ms});
 }
 
-bool V4l2VideoCap::connected() const { return m_connection && m_connection->open(); }
+bool V4l2VideoCap::connected() const { return m_mailbox && m_mailbox->open(); }
 
 void V4l2VideoCap::setConnected(bool connected)
 {
@@ -60,19 +60,21 @@ void V4l2VideoCap::connect()
     m_target.node = m_found[std::size_t(m_deviceIndex)].path;
     // Until it is closed the device is in use, by this program itself.
     std::erase_if(m_leaving,
-                  [](const Leaving& each) { return waitUntilClosed(*each.line, {.longest = 0ms}); });
+                  [](const Leaving& each) { return each.mailbox->waitUntilClosed({.longest = 0ms}); });
     const auto before = std::ranges::find(m_leaving, m_target.node, &Leaving::node);
     if (before != m_leaving.end()) {
-        const auto line = before->line;
-        if (!waitUntilClosed(*line, m_ports.patience))
+        const auto mailbox = before->mailbox;
+        if (!mailbox->waitUntilClosed(m_ports.patience))
             throw std::runtime_error("the camera does not answer");
     }
+    // An event that was let through meanwhile may have connected.
+    disconnect();
     // Held here too: an event that is let through may take the connection away.
-    const auto connection = std::make_shared<v4l2::CameraThread>(m_target, m_ports.frames);
-    m_connection = connection;
-    if (!connection->waitUntilOpen(m_ports.patience)) {
+    const auto mailbox = v4l2::startCameraThread(m_target, m_ports.frames);
+    m_mailbox = mailbox;
+    if (!mailbox->waitUntilOpen(m_ports.patience)) {
         // One that is merely slow is kept, and shows its pictures when it has them.
-        if (m_connection == connection && !connection->opening())
+        if (m_mailbox == mailbox && !mailbox->opening())
             disconnect();
         throw std::runtime_error("the camera can't be opened");
     }
@@ -80,19 +82,18 @@ void V4l2VideoCap::connect()
 
 void V4l2VideoCap::disconnect()
 {
-    if (!m_connection)
+    if (!m_mailbox)
         return;
-    m_connection->letGo();
-    m_leaving.push_back({m_target.node, m_connection->line()});
-    m_connection.reset();
+    m_mailbox->abandon();
+    m_leaving.push_back({m_target.node, std::exchange(m_mailbox, nullptr)});
     m_ports.frames.clear();
 }
 
 void V4l2VideoCap::setPreview(bool running)
 {
-    if (!m_connection)
+    if (!m_mailbox)
         return;
-    m_connection->setPreview(running);
+    m_mailbox->setPreview(running);
     if (!running)
         m_ports.frames.clear();
 }
@@ -158,19 +159,19 @@ void V4l2VideoCap::showSettings()
 
 std::vector<CameraSetting> V4l2VideoCap::settings() const
 {
-    return m_connection ? m_connection->settings() : std::vector<CameraSetting>{};
+    return m_mailbox ? m_mailbox->settings() : std::vector<CameraSetting>{};
 }
 
 void V4l2VideoCap::refreshSettings()
 {
-    if (m_connection)
-        m_connection->refreshSettings();
+    if (m_mailbox)
+        m_mailbox->refreshSettings();
 }
 
 void V4l2VideoCap::changeSetting(std::uint32_t id, int value)
 {
-    if (m_connection)
-        m_connection->changeSetting(id, value);
+    if (m_mailbox)
+        m_mailbox->changeSetting(id, value);
 }
 
 } // namespace quillora::stage

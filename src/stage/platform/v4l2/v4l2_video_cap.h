@@ -1,10 +1,11 @@
 #pragma once
 
+#include "stage/camera_mailbox.h"
 #include "stage/camera_settings.h"
 #include "stage/newest_frame.h"
+#include "stage/patience.h"
 #include "stage/platform/v4l2/camera_nodes.h"
 #include "stage/platform/v4l2/camera_thread.h"
-#include "stage/platform/v4l2/patience.h"
 #include "stage/video_cap_x.h"
 
 #include <memory>
@@ -21,7 +22,7 @@ class V4l2VideoCap : public VideoCapX, private CameraSettings {
     struct Ports {
         NewestFrame& frames;
         CameraSettingsDialog& dialog;
-        v4l2::Patience patience{};
+        Patience patience{};
     };
     /// What the ports refer to must outlive this object.
     explicit V4l2VideoCap(Ports ports);
@@ -48,18 +49,19 @@ class V4l2VideoCap : public VideoCapX, private CameraSettings {
     void disconnect();
     std::optional<CameraSetting> setting(std::uint32_t id) const;
 
-    /// A device that was let go, and may not be closed yet.
+    /// A device that was abandoned, and may not be closed yet.
     struct Leaving {
         std::string node;
-        std::shared_ptr<v4l2::CameraThread::Line> line;
+        std::shared_ptr<CameraMailbox> mailbox;
     };
 
     Ports m_ports;
     v4l2::CameraNodes m_nodes;
     std::vector<v4l2::CameraNode> m_found;
     int m_deviceIndex = 0;
-    v4l2::CameraThread::Target m_target;
-    std::shared_ptr<v4l2::CameraThread> m_connection;
+    v4l2::CameraTarget m_target;
+    /// Of the device that is open or being opened; null when there is none.
+    std::shared_ptr<CameraMailbox> m_mailbox;
     std::vector<Leaving> m_leaving;
 };
 
