@@ -136,7 +136,7 @@ TEST_F(SourceMixerTest, LookingAtAnInputThatIsRaisedLeavesItSo)
     lines.MixerLineVolume(65535);
     EXPECT_TRUE(calls().empty());
     lines.MixerLineVolume(65534);
-    EXPECT_EQ(calls(), Calls{"setVolumes card 65535 65535"});
+    EXPECT_EQ(calls(), Calls{"setVolumes card 65534 65534"});
 }
 
 TEST_F(SourceMixerTest, SetsBothChannels)

@@ -9,8 +9,9 @@ inline constexpr std::uint32_t kLoudest = 65535;
 /// The volume at which a sound server neither raises nor lowers, of which louder ones are multiples.
 inline constexpr std::uint32_t kServerNormal = 65536;
 
-/// A line's volume on the scale of the sound server, and back: 0 is 0 and kLoudest is kServerNormal. No two
-/// volumes of a line become one, so that each comes back as it went. What lies above is cut to the loudest.
+/// A line's volume on the scale of the sound server, and back: the same number, but for the loudest, which is
+/// kServerNormal. So nine tenths here are nine tenths wherever else the volume is set and shown, and each
+/// volume of a line comes back as it went. What lies above is cut to the loudest.
 std::uint32_t toServerVolume(std::uint32_t volume);
 std::uint32_t fromServerVolume(std::uint32_t serverVolume);
 

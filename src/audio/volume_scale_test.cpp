@@ -16,6 +16,12 @@ TEST(VolumeScale, RisesWithTheVolume)
         ASSERT_LT(toServerVolume(volume), toServerVolume(volume + 1));
 }
 
+TEST(VolumeScale, ShowsEveryVolumeOfTheServerAsItIs)
+{
+    for (std::uint32_t volume = 0; volume < kServerNormal; ++volume)
+        ASSERT_EQ(fromServerVolume(volume), volume);
+}
+
 TEST(VolumeScale, MeetsAtBothEnds)
 {
     EXPECT_EQ(toServerVolume(0), 0U);

@@ -53,11 +53,20 @@ class Microphone : public tests::FormTest {
 
 TEST_F(Microphone, TellsTheLevelOfTheDefaultInputWithoutShowingTheDialog)
 {
-    ASSERT_TRUE(server.control({"set-source-volume", "mic", "58982"}));
+    ASSERT_TRUE(server.control({"set-source-volume", "mic", "58981"}));
     make();
     EXPECT_EQ(parts->lblVolPer(), "89%");
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(Microphone, ThatTheDesktopSetToNinetyPercentIsAtNinety)
+{
+    for (const char* volume : {"90%", "58982"}) {
+        ASSERT_TRUE(server.control({"set-source-volume", "mic", volume}));
+        make();
+        EXPECT_EQ(parts->lblVolPer(), "90%") << volume;
+    }
 }
 
 TEST_F(Microphone, OfAFreshServerIsAtItsFullLevel)
