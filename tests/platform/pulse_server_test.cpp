@@ -142,6 +142,15 @@ TEST_F(PulseServerTest, GivesUpOnAServerThatHangsFromTheStart)
     server.thaw();
 }
 
+TEST(PulseServerWithoutAMicrophone, OffersWhatItsOutputPlays)
+{
+    PrivateSoundServer server{{PrivateSoundServer::kNullSink}};
+    PulseServer pulse{server.address()};
+    const auto inputs = pulse.inputs();
+    EXPECT_EQ(idsOf(inputs), std::vector<std::string>{"null.monitor"});
+    EXPECT_TRUE(inputs->front().monitor);
+}
+
 TEST_F(PulseLinesTest, NamesDevicesAndTheirOneLine)
 {
     ASSERT_EQ(lines.DeviceCount(), 2);

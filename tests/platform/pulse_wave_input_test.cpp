@@ -46,6 +46,15 @@ class PulseWaveInputTest : public testing::Test {
         return sizes.size() >= deliveries;
     }
 
+    /// Plugs in an input that gives silence, and selects it.
+    void selectQuietInput()
+    {
+        ASSERT_TRUE(server.control({"load-module", "module-null-source", "source_name=quiet"}));
+        ASSERT_EQ(recorder.DeviceCount(), 3);
+        ASSERT_TRUE(recorder.SelectDevice(2));
+    }
+    bool pullQuietInput() { return server.control({"unload-module", "module-null-source"}); }
+
     PrivateSoundServer server{{PrivateSoundServer::kToneSource, kOtherTone}};
     HookedWindows world;
     PulseServer pulse{server.address()};
@@ -112,6 +121,15 @@ TEST_F(PulseWaveInputTest, FillsWholeSamplesOfAnOddBuffer)
     ASSERT_TRUE(recorder.StartRecord(kRate, 2));
     ASSERT_TRUE(waitFor(3));
     EXPECT_EQ(sizes[0], 4096U);
+}
+
+TEST_F(PulseWaveInputTest, DeliversNothingInABufferTooSmallForASample)
+{
+    recorder.BufferSize(1);
+    ASSERT_TRUE(recorder.StartRecord(kRate, 1));
+    ASSERT_TRUE(waitFor(3));
+    EXPECT_TRUE(recorder.StopRecord());
+    EXPECT_EQ(sizes, std::vector<std::uint32_t>(sizes.size(), 0));
 }
 
 TEST_F(PulseWaveInputTest, GoesOnWhenTheHandlerWasSlow)
@@ -187,6 +205,46 @@ TEST_F(PulseWaveInputTest, RefusesADeviceAndAFormatThatAreNone)
     EXPECT_FALSE(recorder.StartRecord(kRate, 0));
     EXPECT_FALSE(recorder.StartRecord(kRate, 1000));
     EXPECT_EQ(input.waveInGetDevName(7), std::string(32, '\0'));
+}
+
+TEST_F(PulseWaveInputTest, RefusesAnInputThatHasGoneSinceItWasSelected)
+{
+    selectQuietInput();
+    ASSERT_TRUE(pullQuietInput());
+    EXPECT_FALSE(recorder.StartRecord(kRate, 1));
+    EXPECT_FALSE(recorder.IsRecording());
+}
+
+TEST_F(PulseWaveInputTest, TakesNoOtherInputForTheOneThatWasChosenAndGoes)
+{
+    selectQuietInput();
+    const WaveFormat format{kWaveFormatPcm, 1, kRate, kRate * 2, 2, 16, 0};
+    const WaveHandle handle = input.waveInOpen(recorder.SelectedDevice(), format, 1);
+    ASSERT_NE(handle, 0U);
+    std::vector<std::int16_t> samples(1000);
+    WaveHeader header{.lpData = samples.data(), .dwBufferLength = 2000, .dwUser = 0};
+    ASSERT_TRUE(input.waveInPrepareHeader(handle, header));
+    ASSERT_TRUE(pullQuietInput());
+    // An input that has gone takes no buffers.
+    const auto deadline = std::chrono::steady_clock::now() + 20s;
+    while (input.waveInAddBuffer(handle, header) && std::chrono::steady_clock::now() < deadline) {
+        input.waveInReset(handle);
+        std::this_thread::sleep_for(5ms);
+    }
+    EXPECT_FALSE(input.waveInAddBuffer(handle, header));
+}
+
+TEST_F(PulseWaveInputTest, GoesOnWithAnotherInputWhenTheDefaultOneGoes)
+{
+    ASSERT_TRUE(server.control({"load-module", "module-null-source", "source_name=quiet"}));
+    ASSERT_TRUE(server.control({"set-default-source", "quiet"}));
+    ASSERT_TRUE(recorder.StartRecord(kRate, 1));
+    ASSERT_TRUE(waitFor(1));
+    ASSERT_TRUE(pullQuietInput());
+    const auto deadline = std::chrono::steady_clock::now() + 20s;
+    while (peakOf(heard) == 0 && std::chrono::steady_clock::now() < deadline)
+        waitFor(sizes.size() + 1);
+    EXPECT_GT(peakOf(heard), 0.1);
 }
 
 TEST_F(PulseWaveInputTest, FailsWithoutAServer)

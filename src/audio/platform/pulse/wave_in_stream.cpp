@@ -107,8 +107,11 @@ WaveInStream::Stream WaveInStream::connectStream() const
     buffer.maxlength = static_cast<std::uint32_t>(-1);
     buffer.fragsize = std::max<std::uint32_t>(m_form.rate / kFragmentsPerSecond, 1) *
                       static_cast<std::uint32_t>(m_frameBytes);
+    // An input that was chosen and goes away is not to be another microphone from then on; the default input
+    // may.
+    const int flags = PA_STREAM_ADJUST_LATENCY | (m_source ? PA_STREAM_DONT_MOVE : PA_STREAM_NOFLAGS);
     if (stream && pa_stream_connect_record(stream.get(), m_source ? m_source->c_str() : nullptr, &buffer,
-                                           PA_STREAM_ADJUST_LATENCY) < 0)
+                                           static_cast<pa_stream_flags_t>(flags)) < 0)
         return nullptr;
     return stream;
 }
@@ -135,7 +138,9 @@ void WaveInStream::take(const char* data, std::size_t bytes)
     while (m_started && bytes > 0 && !m_queued.empty()) {
         WaveHeader& header = *m_queued.front();
         const std::size_t piece = std::min(bytes, capacityOf(header) - header.dwBytesRecorded);
-        std::memcpy(reinterpret_cast<char*>(header.lpData) + header.dwBytesRecorded, data, piece);
+        // A buffer too small for a sample has no address.
+        if (piece > 0)
+            std::memcpy(reinterpret_cast<char*>(header.lpData) + header.dwBytesRecorded, data, piece);
         header.dwBytesRecorded += static_cast<std::uint32_t>(piece);
         data += piece;
         bytes -= piece;

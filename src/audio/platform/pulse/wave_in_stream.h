@@ -16,7 +16,8 @@ namespace quillora::audio {
 
 /// One open wave input: a thread of its own that reads an input of the sound server into the buffers which
 /// are queued, and posts each one that is full. What comes while no buffer is queued, or before the start, is
-/// lost. When server or input go away, nothing more comes. All operations are called from one other thread.
+/// lost. When the server or an input that was chosen goes away, nothing more comes; the default input is
+/// another one then. All operations are called from one other thread.
 class WaveInStream {
   public:
     struct Target {
