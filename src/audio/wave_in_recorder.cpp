@@ -3,6 +3,7 @@
 #include "base/rounding.h"
 
 #include <algorithm>
+#include <sstream>
 
 namespace quillora::audio {
 namespace {
@@ -103,10 +104,14 @@ bool WaveInRecorder::giveUp()
 bool WaveInRecorder::StopRecord()
 {
     if (m_waveInHandle != 0) {
-        m_input.waveInStop(m_waveInHandle);
-        m_input.waveInReset(m_waveInHandle);
-        unprepareBuffers();
-        m_input.waveInClose(m_waveInHandle);
+        // Nobody is told what these come to: it is there for whoever steps through the program to see which
+        // of them a device refuses.
+        std::ostringstream trace;
+        trace << "waveInStop: " << m_input.waveInStop(m_waveInHandle) << '\n';
+        trace << "waveInReset: " << m_input.waveInReset(m_waveInHandle) << '\n';
+        for (AudioBuffer& buffer : m_buffers)
+            trace << "waveInUnprep " << m_input.waveInUnprepareHeader(m_waveInHandle, buffer.header) << '\n';
+        trace << "waveInClose: " << m_input.waveInClose(m_waveInHandle) << '\n';
         m_waveInHandle = 0;
     }
     DestroyMessageWindow();
@@ -153,8 +158,9 @@ void WaveInRecorder::OnHookedMessage(const messages::HookedMessage& message)
     const WaveHeader copy = *header;
     if (copy.dwUser >= m_buffers.size())
         return;
-    if (GotData)
-        GotData(m_buffers[copy.dwUser].samples, copy.dwBytesRecorded);
+    // The handler may put another one in its place, or none.
+    if (const auto handler = GotData)
+        handler(m_buffers[copy.dwUser].samples, copy.dwBytesRecorded);
     // The handler may have stopped the recording, and begun another one.
     if (IsRecording() && copy.dwUser < m_buffers.size())
         m_input.waveInAddBuffer(m_waveInHandle, m_buffers[copy.dwUser].header);

@@ -200,6 +200,32 @@ TEST_F(WaveInRecorderTest, LeavesAHiddenWindowForEachRecording)
     EXPECT_TRUE(world.boxes.shown.empty());
 }
 
+TEST_F(WaveInRecorderTest, ReportsAWindowThatCannotBeHooked)
+{
+    world.windows.stubborn = world.windows.create("STATIC", "the last one before the recorder's") + 1;
+    world.errors.number = 5;
+    EXPECT_TRUE(recorder->StartRecord(44100, 1));
+    EXPECT_EQ(world.log.count("log WaveInRecorder.sc_Subclass: SetWindowLong failed, error #5"), 1);
+    ASSERT_EQ(world.boxes.shown.size(), 1U);
+    EXPECT_EQ(world.boxes.shown[0].text, "SetWindowLong failed, error #5.");
+    EXPECT_EQ(world.boxes.shown[0].title, "Error in WaveInRecorder.sc_Subclass");
+}
+
+TEST_F(WaveInRecorderTest, IsCalledAfterTheWindowsOwnProcedureAndAsksTheHost)
+{
+    int asked = 0;
+    auto hooks = world.ports();
+    hooks.hostProbe = [&] { return ++asked, 1; };
+    world.windows.old = std::make_shared<OldProcedure>(world.log);
+    recorder.emplace(WaveInRecorder::Ports{input, mixer, world.windows, hooks});
+    recorder->GotData = [&](std::span<std::int16_t>, std::uint32_t) { world.log.add("GotData"); };
+    start();
+    input.record({1});
+    runQueue();
+    EXPECT_EQ(calls(), (Calls{"old 960", "GotData", "waveInAddBuffer 0"}));
+    EXPECT_EQ(asked, 1);
+}
+
 TEST_F(WaveInRecorderTest, GivesUpWhenTheDeviceDoesNotOpen)
 {
     input.failing = {"waveInOpen -1"};
@@ -313,6 +339,30 @@ TEST_F(WaveInRecorderTest, HandlerMayBeginAnotherRecordingWithFewerBuffers)
     input.record({2});
     runQueue();
     EXPECT_TRUE(recorder->IsRecording());
+}
+
+TEST_F(WaveInRecorderTest, HandlerMayTakeItselfAway)
+{
+    bool gone = false;
+    bool goneInTheMiddle = true;
+    const auto noteEnd = [&gone](const int* object) {
+        gone = true;
+        delete object;
+    };
+    recorder->GotData = [this, &gone, &goneInTheMiddle,
+                         held = std::shared_ptr<const int>(new int(0), noteEnd)](std::span<std::int16_t>,
+                                                                                 std::uint32_t) {
+        // What it refers to is read first: a handler that has ended can't.
+        const bool& ended = gone;
+        bool& seen = goneInTheMiddle;
+        recorder->GotData = {};
+        seen = ended;
+    };
+    start();
+    input.record({1});
+    runQueue();
+    EXPECT_FALSE(goneInTheMiddle);
+    EXPECT_TRUE(gone);
 }
 
 TEST_F(WaveInRecorderTest, EndStopsTheRecordingFirstAndClosesTheMixerThen)

@@ -14,24 +14,6 @@ namespace quillora::tests {
 
 inline constexpr int kMessage = 960;
 
-/// Says in the log that it was called, and answers what it is told to.
-class OldProcedure : public messages::WindowProcedure {
-  public:
-    explicit OldProcedure(CallLog& callLog) : log(callLog) {}
-
-    CallLog& log;
-    messages::Result answer = 70;
-    std::function<void(const messages::WindowMessage&)> action{};
-
-    messages::Result process(const messages::WindowMessage& message) override
-    {
-        log.add("old " + std::to_string(message.iMsg));
-        if (action)
-            action(message);
-        return answer;
-    }
-};
-
 /// An engine, a window whose own procedure tells that it was called, and an owner whose methods do, too.
 class HookEngineTest : public testing::Test {
   protected:

@@ -5,6 +5,10 @@
 #include "tests/support/fake_message_boxes.h"
 #include "tests/support/plain_message_queue.h"
 
+#include <functional>
+#include <memory>
+#include <string>
+
 namespace quillora::tests {
 
 /// Keeps its lines in the call log, where their order to the boxes shows.
@@ -26,6 +30,24 @@ class FakeSystemErrors : public messages::SystemErrors {
     std::string text(std::uint32_t asked) const override { return asked == number ? textOfNumber : ""; }
 };
 
+/// Says in the log that it was called, and answers what it is told to.
+class OldProcedure : public messages::WindowProcedure {
+  public:
+    explicit OldProcedure(CallLog& callLog) : log(callLog) {}
+
+    CallLog& log;
+    messages::Result answer = 70;
+    std::function<void(const messages::WindowMessage&)> action{};
+
+    messages::Result process(const messages::WindowMessage& message) override
+    {
+        log.add("old " + std::to_string(message.iMsg));
+        if (action)
+            action(message);
+        return answer;
+    }
+};
+
 /// Message windows among which are one of another process and one that refuses another procedure.
 class FakeWindows : public messages::MessageWindows {
   public:
@@ -33,6 +55,8 @@ class FakeWindows : public messages::MessageWindows {
 
     messages::WindowHandle foreign = 0;
     messages::WindowHandle stubborn = 0;
+    /// Passes for the procedure of each window that a hook is set on, where it is set.
+    std::shared_ptr<messages::WindowProcedure> old{};
 
     bool belongsToThisProcess(messages::WindowHandle window) const override { return window != foreign; }
     std::shared_ptr<messages::WindowProcedure>
@@ -41,7 +65,8 @@ class FakeWindows : public messages::MessageWindows {
     {
         if (window == stubborn)
             return nullptr;
-        return MessageWindows::exchangeProcedure(window, std::move(procedure));
+        const auto own = MessageWindows::exchangeProcedure(window, std::move(procedure));
+        return own && old ? old : own;
     }
 };
 
