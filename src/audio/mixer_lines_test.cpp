@@ -61,6 +61,15 @@ TEST_F(MixerLinesTest, HasNoDeviceAtFirst)
     EXPECT_TRUE(log.calls.empty());
 }
 
+TEST_F(MixerLinesTest, WithoutADeviceAsksTheMixerForTheVolumeOnly)
+{
+    lines->MixerLineCount();
+    lines->MixerLineName(0);
+    EXPECT_EQ(mixer.timesAskedForDestinations, 0);
+    lines->MixerLineVolume();
+    EXPECT_EQ(mixer.timesAskedForDestinations, 1);
+}
+
 TEST_F(MixerLinesTest, OpensTheMixerOfTheDevice)
 {
     input.devices = {"One", "Other"};

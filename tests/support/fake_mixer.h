@@ -35,6 +35,7 @@ class FakeMixer : public audio::Mixer {
     /// Everything but opening fails.
     bool dead = false;
     int openMixers = 0;
+    int timesAskedForDestinations = 0;
 
     audio::MixerHandle mixerOpen(int device) override
     {
@@ -51,6 +52,7 @@ class FakeMixer : public audio::Mixer {
     }
     int mixerGetDestinations(audio::MixerHandle handle) override
     {
+        ++timesAskedForDestinations;
         return answers(handle) ? static_cast<int>(waveIn) + 1 : 0;
     }
     bool mixerGetLineInfo(audio::MixerHandle handle, audio::MixerLine& line, audio::LineQuery query) override
