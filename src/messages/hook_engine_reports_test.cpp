@@ -1,7 +1,54 @@
 #include "tests/support/hook_engine_fixture.h"
 
+#include <new>
+
 using namespace quillora::messages;
 using namespace quillora::tests;
+
+namespace {
+
+/// Memory that can run out.
+class SmallMemory : public std::pmr::memory_resource {
+  public:
+    bool exhausted = false;
+
+  private:
+    void* do_allocate(std::size_t bytes, std::size_t alignment) override
+    {
+        if (exhausted)
+            throw std::bad_alloc();
+        return std::pmr::new_delete_resource()->allocate(bytes, alignment);
+    }
+    void do_deallocate(void* memory, std::size_t bytes, std::size_t alignment) override
+    {
+        std::pmr::new_delete_resource()->deallocate(memory, bytes, alignment);
+    }
+    bool do_is_equal(const memory_resource& other) const noexcept override { return this == &other; }
+};
+
+/// A test whose hooks lie in such memory.
+class HookMemoryTest : public HookEngineTest {
+  protected:
+    HookMemoryTest()
+    {
+        world.errors.number = 12;
+        engine = makeEngine({.windows = world.windows,
+                             .log = world.events,
+                             .boxes = world.boxes,
+                             .errors = world.errors,
+                             .memory = memory});
+    }
+    /// Lets go of the memory while it is there.
+    ~HookMemoryTest() override
+    {
+        world.windows.destroy(window);
+        engine.reset();
+    }
+
+    SmallMemory memory;
+};
+
+} // namespace
 
 TEST_F(HookEngineTest, ReportsAWindowThatIsNone)
 {
@@ -24,16 +71,45 @@ TEST_F(HookEngineTest, ReportsACallbackThatIsNotThere)
     }
 }
 
-TEST_F(HookEngineTest, ReportsThatThereIsNoMemory)
+TEST_F(HookMemoryTest, ReportsThatThereIsNone)
 {
-    world.errors.number = 12;
-    engine = makeEngine({.windows = world.windows,
-                         .log = world.events,
-                         .boxes = world.boxes,
-                         .errors = world.errors,
-                         .memory = *std::pmr::null_memory_resource()});
+    memory.exhausted = true;
     EXPECT_FALSE(engine->sc_Subclass(window));
     expectReport("sc_Subclass", "VirtualAlloc failed, error: 12");
+}
+
+TEST_F(HookEngineTest, HookThatFindsNoCallbackLeavesSubclassingUnstarted)
+{
+    engine->sc_Subclass(window, 0, 3);
+    world.log.clear();
+    engine->sc_WatchMsg(window, kMessage, MSG_AFTER);
+    expectReport("zMap_hWnd", "Subclassing hasn't been started");
+}
+
+TEST_F(HookMemoryTest, HookThatFindsNoneHasStartedSubclassing)
+{
+    memory.exhausted = true;
+    engine->sc_Subclass(window);
+    world.log.clear();
+    engine->sc_WatchMsg(window, kMessage, MSG_AFTER);
+    expectReport("zMap_hWnd", "Window handle isn't subclassed");
+}
+
+TEST_F(HookMemoryTest, OfSeveralReasonsTheFirstIsReported)
+{
+    constexpr int kNoMethod = 3;
+    ASSERT_TRUE(engine->sc_Subclass(window));
+    memory.exhausted = true;
+    EXPECT_FALSE(engine->sc_Subclass(window));
+    expectReport("sc_Subclass", "VirtualAlloc failed, error: 12");
+    EXPECT_FALSE(engine->sc_Subclass(window, 0, kNoMethod));
+    expectReport("sc_Subclass", "Callback method not found");
+    world.windows.foreign = window;
+    EXPECT_FALSE(engine->sc_Subclass(window, 0, kNoMethod));
+    expectReport("sc_Subclass", "Window handle belongs to another process");
+    world.windows.foreign = 99;
+    EXPECT_FALSE(engine->sc_Subclass(99, 0, kNoMethod));
+    expectReport("sc_Subclass", "Invalid window handle");
 }
 
 TEST_F(HookEngineTest, ReportsAWindowThatRefusesTheHook)

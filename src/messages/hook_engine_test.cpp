@@ -186,6 +186,20 @@ TEST_F(HookEngineTest, ReleaseInAHandledBeforeCallWaitsForTheNextMessage)
     EXPECT_EQ(world.windows.exchangeProcedure(window, old), old);
 }
 
+TEST_F(HookEngineTest, ReleaseInTheAfterCallWaitsForTheNextMessage)
+{
+    engine->sc_Subclass(window);
+    engine->sc_WatchMsg(window, kMessage, MSG_AFTER);
+    callback = [&](HookedMessage&) { engine->sc_UnSubclass(window); };
+    EXPECT_EQ(send(), 70);
+    const auto hook = world.windows.exchangeProcedure(window, old);
+    EXPECT_NE(hook, old);
+    world.windows.exchangeProcedure(window, hook);
+    EXPECT_EQ(send(), 70);
+    EXPECT_EQ(calls(), (std::vector<std::string>{"old 960", "last after 960 70", "old 960"}));
+    EXPECT_EQ(world.windows.exchangeProcedure(window, old), old);
+}
+
 TEST_F(HookEngineTest, ReleaseDuringTheOldProcedureSkipsTheAfterCall)
 {
     engine->sc_Subclass(window);
