@@ -21,7 +21,9 @@ WindowHandle MessageWindows::create(std::string className, std::string title)
 
 bool MessageWindows::destroy(WindowHandle window)
 {
-    if (!isWindow(window))
+    const auto found = m_windows.find(window);
+    // A procedure may take its destroy message for a reason to end its window.
+    if (found == m_windows.end() || std::exchange(found->second.ending, true))
         return false;
     struct LetGo {
         MessageWindows& windows;

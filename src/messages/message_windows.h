@@ -17,7 +17,8 @@ class MessageWindows : public Windows {
 
     /// A window whose procedure answers 0 to every message.
     WindowHandle create(std::string className, std::string title);
-    /// Sends the window its destroy message and lets it go. False, and nothing else, for no window.
+    /// Sends the window its destroy message and lets it go. False, and nothing else, for no window, and for
+    /// one that is being destroyed.
     bool destroy(WindowHandle window);
 
     /// Runs the window's procedure now. 0 for no window.
@@ -43,6 +44,7 @@ class MessageWindows : public Windows {
         std::string className;
         std::string title;
         std::shared_ptr<WindowProcedure> procedure;
+        bool ending = false;
     };
 
     MessageQueue& m_queue;

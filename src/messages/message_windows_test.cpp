@@ -140,3 +140,19 @@ TEST_F(MessageWindowsTest, ProcedureMayEndItsOwnWindow)
     });
     EXPECT_EQ(windows.send({window, 1, 0, 0}), 7);
 }
+
+TEST_F(MessageWindowsTest, TellsAWindowOfItsEndOnceThoughItsProcedureEndsItAgain)
+{
+    const WindowHandle window = windows.create("STATIC", "");
+    int told = 0;
+    bool endedAgain = true;
+    exchange(window, [&](const WindowMessage&) {
+        if (++told == 1)
+            endedAgain = windows.destroy(window);
+        return Result{0};
+    });
+    EXPECT_TRUE(windows.destroy(window));
+    EXPECT_FALSE(endedAgain);
+    EXPECT_EQ(told, 1);
+    EXPECT_FALSE(windows.isWindow(window));
+}
