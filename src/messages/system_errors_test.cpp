@@ -16,3 +16,10 @@ TEST(ErrnoErrors, GivesTheSystemsTextOfANumber)
 {
     EXPECT_EQ(ErrnoErrors().text(ENOENT), "No such file or directory");
 }
+
+TEST(ErrnoErrors, HasNothingToSayOfANumberThatTheSystemDoesNotKnow)
+{
+    EXPECT_EQ(ErrnoErrors().text(99999), "");
+    EXPECT_EQ(ErrnoErrors().text(0xFFFFFFFF), "");
+    EXPECT_NE(ErrnoErrors().text(0), "");
+}
