@@ -1,25 +1,14 @@
 #include "audio/text_field.h"
 
-#include <algorithm>
+#include "base/characters.h"
 
 namespace quillora::audio {
-namespace {
-
-bool beginsCharacter(char byte) { return (byte & 0xC0) != 0x80; }
-
-} // namespace
 
 std::string paddedField(std::string_view text, int characters)
 {
-    std::string field;
-    int count = 0;
-    for (const char byte : text) {
-        if (beginsCharacter(byte) && ++count >= characters)
-            break;
-        field += byte;
-    }
-    const int taken = static_cast<int>(std::ranges::count_if(field, beginsCharacter));
-    field.append(static_cast<std::size_t>(characters - taken), '\0');
+    const auto length = static_cast<std::size_t>(characters);
+    std::string field(base::firstCharacters(text, length - 1));
+    field.append(length - base::characterCount(field), '\0');
     return field;
 }
 

@@ -1,5 +1,7 @@
 #include "messages/local_atoms.h"
 
+#include "base/characters.h"
+
 #include <cerrno>
 
 namespace quillora::messages {
@@ -11,7 +13,7 @@ constexpr std::size_t kLongest = 255;
 
 std::uint16_t LocalAtoms::GlobalAddAtom(const std::string& text)
 {
-    if (text.empty() || text.size() > kLongest) {
+    if (text.empty() || base::characterCount(text) > kLongest) {
         errno = EINVAL;
         return 0;
     }

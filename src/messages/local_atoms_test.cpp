@@ -38,6 +38,16 @@ TEST(LocalAtoms, TakesTextsOf255CharactersAndNoneOf256)
     EXPECT_EQ(atoms.GlobalAddAtom(""), 0);
 }
 
+TEST(LocalAtoms, CountsATextsCharactersNotItsBytes)
+{
+    std::string text;
+    for (int i = 0; i < 255; ++i)
+        text += "\u0639";
+    LocalAtoms atoms;
+    EXPECT_NE(atoms.GlobalAddAtom(text), 0);
+    EXPECT_EQ(atoms.GlobalAddAtom(text + "x"), 0);
+}
+
 TEST(LocalAtoms, RunsOutBeforeTheNumbersOfTheDesktopsOwnKeys)
 {
     LocalAtoms atoms;

@@ -1,5 +1,6 @@
 #include "messages/reg_hot_key.h"
 
+#include "base/characters.h"
 #include "base/rounding.h"
 #include "base/skip_failures.h"
 
@@ -9,8 +10,9 @@
 namespace quillora::messages {
 namespace {
 
+/// In characters, like the other lengths.
 constexpr std::size_t kLongestName = 32;
-/// An atom's text may have 255 characters.
+/// An atom's text may have 255.
 constexpr std::size_t kLongestAtomName = 254;
 constexpr std::size_t kErrorTextBuffer = 256;
 
@@ -21,13 +23,6 @@ constexpr Parameter kRestoreCommand = 61728;
 constexpr std::int32_t kWindowSnapshotId = -1;
 constexpr std::int32_t kDesktopSnapshotId = -2;
 constexpr std::uint32_t kPrintScreenKey = 44;
-
-/// Names are told in characters, texts are kept in UTF-8.
-std::size_t characters(const std::string& text)
-{
-    return static_cast<std::size_t>(
-        std::ranges::count_if(text, [](char each) { return (each & 0xC0) != 0x80; }));
-}
 
 } // namespace
 
@@ -75,15 +70,15 @@ void cRegHotKey::detach()
 
 void cRegHotKey::RegisterKey(const std::string& sName, std::uint32_t eKey, std::uint32_t eModifiers)
 {
-    if (characters(sName) > kLongestName)
+    if (base::characterCount(sName) > kLongestName)
         throw HotKeyError(HotKeyError::nameTooLong, source(), "Key Name too long (max 32 characters).");
     if (FindKey(sName) != m_entries.end())
         throw HotKeyError(HotKeyError::nameRegistered, source(),
                           "The Key Name '" + sName + "' is already registered.");
 
-    std::string atomName =
+    const std::string wholeName =
         sName + "_" + m_ports.executableName + "_" + std::to_string(m_ports.GetTickCount());
-    atomName.resize(std::min(atomName.size(), kLongestAtomName));
+    const std::string atomName(base::firstCharacters(wholeName, kLongestAtomName));
     const std::int32_t id = static_cast<std::int16_t>(m_ports.atoms.GlobalAddAtom(atomName));
     if (id == 0)
         throw HotKeyError(HotKeyError::atomFailed, source(), withSystemError("Failed to add GlobalAtom"));
@@ -152,7 +147,7 @@ cRegHotKey::Entries::iterator cRegHotKey::FindKey(const std::string& name)
 
 std::string cRegHotKey::SystemErrorText(std::uint32_t number) const
 {
-    return m_ports.errors.text(number).substr(0, kErrorTextBuffer);
+    return std::string(base::firstCharacters(m_ports.errors.text(number), kErrorTextBuffer));
 }
 
 std::string cRegHotKey::withSystemError(std::string text) const

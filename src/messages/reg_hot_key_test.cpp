@@ -31,7 +31,7 @@ class HotKeyTest : public testing::Test {
         world.log.clear();
     }
 
-    void make()
+    void make(const std::string& executableName = "quillora")
     {
         m_cHotKey = std::make_unique<cRegHotKey>(cRegHotKey::Ports{.hooks = hooks,
                                                                    .keys = keys,
@@ -39,7 +39,7 @@ class HotKeyTest : public testing::Test {
                                                                    .errors = world.errors,
                                                                    .windows = display,
                                                                    .GetTickCount = [] { return 4711U; },
-                                                                   .executableName = "quillora"});
+                                                                   .executableName = executableName});
         m_cHotKey->HotKeyPress = [this](const std::string& name, std::uint32_t modifiers, std::uint32_t key) {
             presses.push_back({name, modifiers, key});
         };
@@ -109,7 +109,11 @@ TEST_F(HotKeyTest, TellsAnUnknownIdByWhatTheMessageCarries)
 TEST_F(HotKeyTest, RoundsTheKeyOfAnUnknownId)
 {
     press(77, (82 << 16) | 0x8001);
-    EXPECT_EQ(presses, (std::vector<Press>{{"Unknown HotKey", 0x8001, 83}}));
+    press(77, (82 << 16) | 0x8000);
+    press(77, (83 << 16) | 0x8000);
+    EXPECT_EQ(presses, (std::vector<Press>{{"Unknown HotKey", 0x8001, 83},
+                                           {"Unknown HotKey", 0x8000, 82},
+                                           {"Unknown HotKey", 0x8000, 84}}));
 }
 
 TEST_F(HotKeyTest, NeedsNobodyToListen)
@@ -176,15 +180,20 @@ TEST_F(HotKeyTest, TellsNamesApartByCase)
 
 TEST_F(HotKeyTest, CutsALongAtomNameTo254Characters)
 {
-    m_cHotKey = std::make_unique<cRegHotKey>(cRegHotKey::Ports{.hooks = hooks,
-                                                               .keys = keys,
-                                                               .atoms = atoms,
-                                                               .errors = world.errors,
-                                                               .windows = display,
-                                                               .GetTickCount = [] { return 4711U; },
-                                                               .executableName = std::string(243, 'x')});
+    const std::string program(243, 'x');
+    make(program);
     m_cHotKey->RegisterKey("Activate", 82, 2);
-    EXPECT_EQ(calls().front(), "atoms.GlobalAddAtom Activate_" + std::string(243, 'x') + "_4");
+    EXPECT_EQ(calls().front(), "atoms.GlobalAddAtom Activate_" + program + "_4");
+}
+
+TEST_F(HotKeyTest, CountsAnAtomNamesCharactersNotItsBytes)
+{
+    std::string program;
+    for (int i = 0; i < 243; ++i)
+        program += "\u0639";
+    make(program);
+    m_cHotKey->RegisterKey("Activate", 82, 2);
+    EXPECT_EQ(calls().front(), "atoms.GlobalAddAtom Activate_" + program + "_4");
 }
 
 TEST_F(HotKeyTest, RaisesTheFailureOfAnAtomWithTheSystemsText)

@@ -1,5 +1,6 @@
 #include "session/packaging.h"
 
+#include "base/characters.h"
 #include "session/file_lookup.h"
 
 namespace quillora::session {
@@ -9,8 +10,6 @@ using namespace std::chrono_literals;
 
 constexpr int kContainerFilter = 1;
 constexpr int kVideoFilter = 2;
-
-bool beginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
 
 std::string folderOf(const std::string& fileName)
 {
@@ -24,7 +23,7 @@ std::string withoutLastFour(std::string_view title)
 {
     int dropped = 0;
     while (!title.empty() && dropped < 4) {
-        if (beginsCharacter(title.back()))
+        if (base::beginsCharacter(title.back()))
             ++dropped;
         title.remove_suffix(1);
     }
