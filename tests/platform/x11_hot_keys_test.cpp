@@ -1,5 +1,6 @@
 #include "messages/platform/x11/x11_hot_keys.h"
 
+#include "tests/platform/held_display.h"
 #include "tests/platform/key_presser.h"
 #include "tests/support/plain_message_queue.h"
 #include "tests/support/private_x_server.h"
@@ -55,6 +56,25 @@ class X11HotKeysTest : public testing::Test {
                 return true;
         }
         return false;
+    }
+
+    /// Moves Ctrl+R to another place. A server tells of a change of keyboard at the first press of all, too:
+    /// that comes before, so that later presses are no help to who missed this change.
+    void moveKey()
+    {
+        keyboard.press({"t"});
+        keyboard.swapSymbols("r", "k");
+    }
+
+    /// Presses Ctrl+R until @p keys tell of it; false when they don't.
+    bool find(X11HotKeys& keys)
+    {
+        const auto deadline = std::chrono::steady_clock::now() + 10s;
+        while (queue.posted().empty() && std::chrono::steady_clock::now() < deadline) {
+            keyboard.press({"Control_L", "r"});
+            turn(keys, 100ms);
+        }
+        return !queue.posted().empty();
     }
 
     PrivateXServer server;
@@ -180,6 +200,45 @@ TEST_F(X11HotKeysTest, TakesTheUsualPlaceOfALetterThatTheKeyboardHasNot)
     ASSERT_TRUE(hotKeys.RegisterHotKey(kWindow, kId, kModifierControl, 'R'));
     keyboard.pressCodes({keyboard.codeOf("Control_L"), place});
     EXPECT_TRUE(waitForPress());
+}
+
+TEST_F(X11HotKeysTest, LosesTheKeyToWhoHoldsItsNewPlaceAndGetsItAtTheNextChange)
+{
+    ASSERT_TRUE(hotKeys.RegisterHotKey(kWindow, kId, kModifierControl, 'R'));
+    keyboard.grab("k", KeyPresser::kControlMask);
+    moveKey();
+    turn(hotKeys);
+    keyboard.press({"Control_L", "r"});
+    EXPECT_EQ(presses(), 0U);
+    keyboard.ungrabAll();
+    keyboard.swapSymbols("q", "w");
+    EXPECT_TRUE(find(hotKeys));
+}
+
+TEST_F(X11HotKeysTest, FindsTheKeyAgainWhenTheServerHangsAfterAChangeOfKeyboard)
+{
+    ASSERT_TRUE(hotKeys.RegisterHotKey(kWindow, kId, kModifierControl, 'R'));
+    moveKey();
+    pollfd change{hotKeys.descriptor(), POLLIN, 0};
+    ASSERT_EQ(poll(&change, 1, 10'000), 1);
+    server.freeze();
+    hotKeys.processEvents();
+    server.thaw();
+    EXPECT_TRUE(find(hotKeys));
+}
+
+TEST_F(X11HotKeysTest, FindsTheKeyAgainWhenTheServerIsSlowToGiveIt)
+{
+    HeldDisplay way(server.number());
+    X11HotKeys slow(queue, way.display());
+    ASSERT_TRUE(slow.RegisterHotKey(kWindow, kId, kModifierControl, 'R'));
+    moveKey();
+    // One change comes as several events, of which none is to be left for later.
+    std::this_thread::sleep_for(200ms);
+    way.holdFrom(XCB_UNGRAB_KEY);
+    slow.processEvents();
+    way.letGo();
+    EXPECT_TRUE(find(slow));
 }
 
 TEST_F(X11HotKeysTest, CountsAKeyThatIsHeldOnce)

@@ -79,6 +79,12 @@ bool KeyConnection::synchronise(Clock::time_point deadline) const
     return reply<xcb_get_input_focus_reply_t>(xcb_get_input_focus(get()), deadline) != nullptr;
 }
 
+void KeyConnection::askForSignOfLife() const
+{
+    xcb_discard_reply(get(), xcb_get_input_focus(get()).sequence);
+    xcb_flush(get());
+}
+
 KeyConnection::Answer KeyConnection::wait(unsigned sequence, Clock::time_point deadline) const
 {
     xcb_flush(get());

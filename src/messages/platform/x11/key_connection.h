@@ -45,6 +45,9 @@ class KeyConnection {
     }
     /// Waits until the server has done all that it was asked. False at @p deadline.
     bool synchronise(Clock::time_point deadline) const;
+    /// Makes the connection readable once the server has done all that it was asked. Answers that were given
+    /// up don't always: they may have been read already, along with the sending of something else.
+    void askForSignOfLife() const;
 
   private:
     struct Disconnect {

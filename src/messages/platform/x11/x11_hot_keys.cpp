@@ -37,7 +37,7 @@ bool X11HotKeys::RegisterHotKey(WindowHandle window, std::int32_t id, std::uint3
     if (grabbed)
         m_keys.push_back(key);
     // Waiting for answers has taken events off the socket that nothing else would tell of.
-    processEvents();
+    process(deadline);
     errno = grabbed ? 0 : EACCES;
     return grabbed;
 }
@@ -53,9 +53,10 @@ bool X11HotKeys::UnregisterHotKey(WindowHandle window, std::int32_t id)
     ungrab(found->grabbed);
     m_keys.erase(found);
     // Another program that is told of the key's release by us must find it released.
+    const auto deadline = soon();
     if (!m_connection.broken())
-        m_connection.synchronise(soon());
-    processEvents();
+        m_connection.synchronise(deadline);
+    process(deadline);
     return true;
 }
 
@@ -64,11 +65,13 @@ int X11HotKeys::descriptor() const
     return m_connection.broken() ? -1 : xcb_get_file_descriptor(m_connection.get());
 }
 
-void X11HotKeys::processEvents()
+void X11HotKeys::processEvents() { process(soon()); }
+
+void X11HotKeys::process(KeyConnection::Clock::time_point deadline)
 {
     readEvents();
     // After the events that are there, since one change of keyboard comes as a dozen of them.
-    while (m_keyboardChanged && grabAnew())
+    while (m_keyboardChanged && grabAnew(deadline))
         readEvents();
 }
 
@@ -146,21 +149,23 @@ void X11HotKeys::ungrab(const std::vector<Combination>& combinations) const
     xcb_flush(m_connection.get());
 }
 
-/// False, with all as it was, when the server doesn't tell where the keys are now.
-bool X11HotKeys::grabAnew()
+/// False when the server was too slow to tell where the keys are now, or whether they could be had. It is
+/// tried again when the server has caught up, for nothing else would: the keyboard may stay as it is for
+/// ever.
+bool X11HotKeys::grabAnew(KeyConnection::Clock::time_point deadline)
 {
     if (m_connection.broken())
         return false;
-    const auto deadline = soon();
     const KeyboardMap map(m_connection, deadline);
-    if (!map.known())
-        return false;
-    m_keyboardChanged = false;
-    for (HotKey& key : m_keys) {
-        ungrab(key.grabbed);
-        key.grabbed = grab(key, map, deadline);
-    }
-    return true;
+    if (map.known())
+        for (HotKey& key : m_keys) {
+            ungrab(key.grabbed);
+            key.grabbed = grab(key, map, deadline);
+        }
+    m_keyboardChanged = KeyConnection::Clock::now() >= deadline;
+    if (m_keyboardChanged)
+        m_connection.askForSignOfLife();
+    return !m_keyboardChanged;
 }
 
 } // namespace quillora::messages

@@ -37,7 +37,7 @@ class X11HotKeys : public HotKeys {
         std::int32_t id;
         std::uint32_t modifiers;
         std::uint32_t key;
-        /// What is grabbed for it; empty when that failed after a change of keyboard.
+        /// What is grabbed for it; empty when it couldn't be had after a change of keyboard.
         std::vector<Combination> grabbed{};
     };
     struct Release {
@@ -48,7 +48,8 @@ class X11HotKeys : public HotKeys {
     std::vector<Combination> grab(const HotKey& key, const KeyboardMap& map,
                                   KeyConnection::Clock::time_point deadline) const;
     void ungrab(const std::vector<Combination>& combinations) const;
-    bool grabAnew();
+    void process(KeyConnection::Clock::time_point deadline);
+    bool grabAnew(KeyConnection::Clock::time_point deadline);
     void readEvents();
     void take(const xcb_key_press_event_t& press);
 
@@ -56,6 +57,7 @@ class X11HotKeys : public HotKeys {
     KeyConnection m_connection;
     std::vector<HotKey> m_keys{};
     Release m_lastRelease{};
+    /// Since the keys were grabbed last.
     bool m_keyboardChanged = false;
 };
 
