@@ -16,8 +16,9 @@
 
 namespace quillora::app {
 
-/// The desktop-wide hot key Ctrl+R, which leads back from a recording of the screen to the stage.
-class HotKeyParts : private messages::WindowDisplay {
+/// The desktop-wide hot key Ctrl+R, which leads back from a recording of the screen to the stage, and the
+/// main window as hot keys bring it to the front.
+class HotKeyParts : public messages::WindowDisplay {
   public:
     /// Both must outlive this object.
     HotKeyParts(MessageParts& messages, forms::Vantry_frm& window);
@@ -30,15 +31,15 @@ class HotKeyParts : private messages::WindowDisplay {
     /// Makes the hot key anew, in place of the one that there may be. Throws messages::HotKeyError.
     void ActivateHotKey();
 
-  private:
-    void m_cHotKey_HotKeyPress();
-    void takeKeys();
-
     bool IsWindowVisible(messages::WindowHandle hwnd) override;
     bool IsIconic(messages::WindowHandle hwnd) override;
     void ShowWindow(messages::WindowHandle hwnd, int command) override;
     void SendMessage(const messages::WindowMessage& message) override;
     void SetForegroundWindow(messages::WindowHandle hwnd) override;
+
+  private:
+    void m_cHotKey_HotKeyPress();
+    void takeKeys();
 
     MessageParts& m_messages;
     forms::Vantry_frm& m_window;

@@ -1,6 +1,7 @@
 #include "app/hot_key_parts.h"
 
 #include "tests/forms/form_fixture.h"
+#include "tests/support/fake_hot_key_ports.h"
 #include "tests/support/fake_message_boxes.h"
 
 #include <QDialog>
@@ -16,6 +17,20 @@ class HotKey : public tests::FormTest {
     HotKey()
     {
         hotKey.ReturnWindow = [this] { ++returns; };
+    }
+
+    /// Gives the focus to another window than the form.
+    bool giveFocusTo(QLineEdit& other)
+    {
+        other.show();
+        other.activateWindow();
+        return tests::waitUntil([&] { return other.isActiveWindow(); });
+    }
+
+    bool inFront()
+    {
+        return tests::waitUntil(
+            [this] { return form.isActiveWindow() && !form.isMinimized() && probe.isMapped(window()); });
     }
 
     bool returned()
@@ -114,6 +129,48 @@ TEST_F(HotKey, LeavesTheShortcutOfTheWindowNothing)
     ASSERT_TRUE(returned());
     tests::settle();
     EXPECT_EQ(record.count(), 0);
+}
+
+TEST_F(HotKey, LeadsBackWhicheverKeyIsTold)
+{
+    constexpr messages::WindowHandle kMainWindow = 1;
+    ASSERT_EQ(messages.windows().classNameOf(kMainWindow), "Vantry_frm");
+    hotKey.ActivateHotKey();
+    int told = 0;
+    for (const int id : {-2, -1, 77}) {
+        messages.windows().send({kMainWindow, messages::kHotKeyMessage, id, 0});
+        EXPECT_EQ(returns, ++told) << id;
+    }
+}
+
+TEST_F(HotKey, BringsAHiddenOrMinimisedFormToTheFront)
+{
+    ASSERT_TRUE(shown);
+    messages::MessageHookService hooks(messages.hooks());
+    tests::FakeHotKeys keys(log);
+    tests::FakeAtoms atoms(log);
+    messages::cRegHotKey other({.hooks = hooks,
+                                .keys = keys,
+                                .atoms = atoms,
+                                .errors = messages.errors(),
+                                .windows = hotKey,
+                                .GetTickCount = [] { return 0U; },
+                                .executableName = "quillora"});
+    QLineEdit neighbour;
+    form.setFormVisible(false);
+    ASSERT_TRUE(giveFocusTo(neighbour));
+    other.RestoreAndActivate(1);
+    EXPECT_TRUE(inFront());
+
+    form.showMinimized();
+    ASSERT_TRUE(tests::waitUntil([&] { return !probe.isMapped(window()); }));
+    ASSERT_TRUE(giveFocusTo(neighbour));
+    other.RestoreAndActivate(1);
+    EXPECT_TRUE(inFront());
+
+    ASSERT_TRUE(giveFocusTo(neighbour));
+    other.RestoreAndActivate(1);
+    EXPECT_TRUE(inFront());
 }
 
 TEST_F(HotKey, IsGivenBackAtTheEnd)
