@@ -42,8 +42,9 @@ class CaptureEngine {
     /// Diameter of the highlight in pixels.
     virtual void setHighlightSize(std::int32_t pixels) = 0;
 
-    /// Begins a recording into the file; when paused, continues the same file with the property values of now.
-    /// Harmless when running.
+    /// Begins a recording into the file; when paused, continues the same file with the property values of
+    /// now. When running, takes up mode, rectangle and pointer of now and goes on: who brings the stage back
+    /// starts an engine whatever its state, and what is chosen after that must not be lost.
     virtual void Start() = 0;
     /// Suspends writing; the file stays open. Harmless when paused or idle.
     virtual void Pause() = 0;

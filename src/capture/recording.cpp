@@ -165,9 +165,9 @@ void Recording::resume(const CaptureView& view)
 {
     const auto now = CaptureClock::now();
     const std::lock_guard lock(m_mutex);
+    m_view = view;
     if (m_clock.running())
         return;
-    m_view = view;
     m_clock.resume(now);
     m_grabWakes.notify_one();
 }

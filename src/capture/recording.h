@@ -46,7 +46,7 @@ class Recording : public SoundSink, public std::enable_shared_from_this<Recordin
 
     /// Starts the threads and the first segment. Throws std::runtime_error when the file can't be written.
     void begin(const CaptureView& view);
-    /// Harmless when it runs already.
+    /// When it runs already, the segment goes on with what @p view takes.
     void resume(const CaptureView& view);
     /// Harmless when it is paused already.
     void pause();

@@ -219,6 +219,25 @@ TEST_F(RecordingEngineTest, ChangesModeRectangleAndPointerBetweenSegments)
     EXPECT_EQ(world.media->opened, 1);
 }
 
+/// The hot key starts the engine at the open dialog of the screen recording. What the dialog is told after
+/// that has to be filmed all the same.
+TEST_F(RecordingEngineTest, TakesUpTheModeAndThePointerOfNowWhenItIsStartedWhileItRuns)
+{
+    segment([&] {
+        ASSERT_TRUE(soon([&] { return world.screen.regionSeen() == PixelRectangle{0, 0, 40, 30}; }));
+        std::this_thread::sleep_for(300ms);
+        engine.setCaptureMode(CaptureMode::wholeScreen);
+        engine.setHighlightCursor(true);
+        engine.Start();
+        EXPECT_TRUE(soon([&] { return world.screen.regionSeen() == PixelRectangle{0, 0, 100, 80}; }));
+        std::this_thread::sleep_for(300ms);
+    });
+    engine.Stop();
+    EXPECT_TRUE(world.screen.lastPointer.highlight);
+    expectLength(24);
+    EXPECT_EQ(world.media->opened, 1);
+}
+
 TEST_F(RecordingEngineTest, KeepsTheLengthWithoutASoundInput)
 {
     world.microphone.silent = true;
