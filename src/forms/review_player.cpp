@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QSlider>
 #include <QVBoxLayout>
 
@@ -133,11 +134,11 @@ void ReviewPlayer::connectVideo()
 
 void ReviewPlayer::setURL(const std::string& path)
 {
-    if (!session::isWindowsMedia(path)) {
-        m_video->end();
-        becomeIdle();
+    // Also where a video follows: a program that hangs on the one before would never hear of it.
+    m_video->end();
+    becomeIdle();
+    if (!session::isWindowsMedia(path))
         return;
-    }
     m_loaded = true;
     m_controls->setEnabled(true);
     m_video->open(path);
@@ -191,13 +192,28 @@ void ReviewPlayer::showTime()
 
 bool ReviewPlayer::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Resize)
+    const auto isLeftClick = [&] { return static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton; };
+    if (event->type() == QEvent::Resize) {
         m_video->resize(m_screen->size());
-    else if (event->type() == QEvent::MouseButtonPress)
+    } else if (event->type() == QEvent::MouseButtonPress && isLeftClick()) {
+        m_playedBeforeClick = m_state == VideoProcess::State::playing;
         playOrPause();
-    else if (event->type() == QEvent::MouseButtonDblClick)
+    } else if (event->type() == QEvent::MouseButtonDblClick && isLeftClick()) {
+        undoClick();
         emit fullScreenAsked();
+    }
     return QWidget::eventFilter(watched, event);
+}
+
+/// A double click begins with a click, which was none. What came of it may not be known yet.
+void ReviewPlayer::undoClick()
+{
+    if (!m_loaded)
+        return;
+    if (m_playedBeforeClick)
+        m_video->play();
+    else
+        m_video->pause();
 }
 
 void ReviewPlayer::keyPressEvent(QKeyEvent* event)

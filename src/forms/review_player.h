@@ -40,6 +40,7 @@ class ReviewPlayer : public QWidget, public session::VideoPlayer {
     void connectVideo();
     void becomeIdle();
     void playOrPause();
+    void undoClick();
     void step(qint64 milliseconds);
     void showState(VideoProcess::State state);
     void showTime();
@@ -53,6 +54,7 @@ class ReviewPlayer : public QWidget, public session::VideoPlayer {
     VideoProcess* m_video = nullptr;
     VideoProcess::State m_state = VideoProcess::State::stopped;
     bool m_loaded = false;
+    bool m_playedBeforeClick = false;
 };
 
 } // namespace quillora::forms

@@ -16,8 +16,8 @@ namespace quillora::forms {
 /// of all a recording that is paused meanwhile. It also keeps what these libraries need in memory away from
 /// the recorder.
 ///
-/// It is started with the first video, and ends with this object at the latest. Orders are given in lines of
-/// text, and answers come back so; what is no answer is dropped.
+/// It is started with a video where it doesn't run, and ends with this object at the latest. Orders are given
+/// in lines of text, and answers come back so; what is no answer is dropped.
 class VideoProcess : public QObject {
     Q_OBJECT
 

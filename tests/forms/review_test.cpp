@@ -77,6 +77,16 @@ class ReviewForm : public tests::FormTest {
         player().setURL(video.string());
         player().play();
     }
+    /// With the mouse; @p clicks are words for xdotool.
+    void clickTheScreen(const std::vector<std::string>& clicks)
+    {
+        auto* screen = control<QWidget>("video_screen");
+        const QPoint middle = screen->mapToGlobal(screen->rect().center());
+        std::vector<std::string> words{"xdotool", "mousemove", std::to_string(middle.x()),
+                                       std::to_string(middle.y())};
+        words.insert(words.end(), clicks.begin(), clicks.end());
+        EXPECT_EQ(tests::runToEnd(words), 0);
+    }
     bool playing() { return control<QAbstractButton>("player_play")->accessibleName() == "Pause"; }
     int position() { return control<QSlider>("player_seek")->value(); }
 
@@ -257,6 +267,52 @@ TEST_F(ReviewForm, OutlivesItsPlayer)
     EXPECT_TRUE(waitUntil([&] { return idle(); }));
     playVideo();
     EXPECT_TRUE(waitUntil([&] { return showsRed(); }));
+}
+
+TEST_F(ReviewForm, ReplacesAPlayerThatHangs)
+{
+    showDialog();
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return showsBlue(); }));
+    ASSERT_EQ(children().size(), 1U);
+    ::kill(children().front(), SIGSTOP);
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return showsRed() && playing(); }));
+    EXPECT_EQ(children().size(), 1U);
+}
+
+TEST_F(ReviewForm, AClickPausesAndGoesOnAndTheOtherButtonsDoNothing)
+{
+    showDialog();
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return playing() && showsRed(); }));
+    clickTheScreen({"click", "2", "click", "3"});
+    tests::settle(300);
+    EXPECT_TRUE(playing());
+    clickTheScreen({"click", "1"});
+    EXPECT_TRUE(waitUntil([&] { return !playing(); }));
+    // Longer than a double click takes.
+    tests::settle(QApplication::doubleClickInterval() + 100);
+    clickTheScreen({"click", "1"});
+    EXPECT_TRUE(waitUntil([&] { return playing(); }));
+}
+
+TEST_F(ReviewForm, ADoubleClickFillsTheScreenAndLeavesTheVideoPlayingOrPaused)
+{
+    showDialog();
+    playVideo();
+    EXPECT_TRUE(waitUntil([&] { return playing() && showsRed(); }));
+    clickTheScreen({"click", "--repeat", "2", "--delay", "60", "1"});
+    EXPECT_TRUE(waitUntil([&] { return dialog.isFullScreen(); }));
+    tests::settle(300);
+    const int before = position();
+    EXPECT_TRUE(waitUntil([&] { return playing() && position() > before; }));
+    control<QAbstractButton>("player_play")->click();
+    EXPECT_TRUE(waitUntil([&] { return !playing(); }));
+    clickTheScreen({"click", "--repeat", "2", "--delay", "60", "1"});
+    EXPECT_TRUE(waitUntil([&] { return !dialog.isFullScreen(); }));
+    tests::settle(300);
+    EXPECT_TRUE(waitUntil([&] { return !playing(); }));
 }
 
 TEST_F(ReviewForm, OutlivesVideosThatAreCutOrDamaged)
