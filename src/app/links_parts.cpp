@@ -14,7 +14,7 @@ LinksParts::LinksParts(const Needs& needs)
     provideOperations(needs.operations);
     QObject::connect(&m_about, &forms::frmAbout::Label1_Click, &m_about, [this] { m_links.Label1_Click(); });
     QObject::connect(&m_about, &forms::frmAbout::Form_Unload, &needs.window,
-                     [window = &needs.window] { window->setEnabled(true); });
+                     [window = &needs.window] { window->setFormEnabled(true); });
 }
 
 void LinksParts::provideOperations(session::OperationTable& operations)

@@ -13,6 +13,16 @@ namespace quillora::forms {
 namespace {
 
 constexpr QSize kDialogSize{489, 292};
+constexpr int kTextPixels = 13;
+
+/// Where the family is absent, another one with letters of the same width stands in for it.
+QFont textFont(const char* family)
+{
+    QFont font;
+    font.setFamilies({QString::fromLatin1(family), QStringLiteral("Liberation Sans")});
+    font.setPixelSize(kTextPixels);
+    return font;
+}
 
 /// A control of the form, at its place in twips.
 template <typename Control>
@@ -36,7 +46,7 @@ frmAbout::frmAbout(QWidget* owner, const std::string& version) : QDialog(owner)
     setFixedSize(kDialogSize);
     setWindowFlag(Qt::WindowMinMaxButtonsHint, false);
     QFont small = font();
-    small.setPixelSize(13);
+    small.setPixelSize(kTextPixels);
     setFont(small);
     QPalette white = palette();
     white.setColor(QPalette::Window, colours::kSurface);
@@ -75,11 +85,13 @@ void frmAbout::makeText()
            "What stands on the stage is recorded together with your voice, and every move to another slide "
            "is noted with its time. At Stop, the video, the slides and their times go into one file, ready "
            "to be watched again and to be uploaded."));
+    text->setFont(textFont("MS Sans Serif"));
     text->setReadOnly(true);
     text->setFrameShape(QFrame::NoFrame);
     text->setTabChangesFocus(true);
     QPalette grey = text->palette();
     grey.setColor(QPalette::Text, colours::kMutedText);
+    grey.setColor(QPalette::Base, colours::kSurface);
     text->setPalette(grey);
 }
 
@@ -87,6 +99,7 @@ void frmAbout::makeFoot(const std::string& version)
 {
     auto* maker = placed(new QPushButton(tr("The makers of Quillora"), this), "Label1",
                          tr("The maker's page"), 600, 3885, 3225, 240);
+    maker->setFont(textFont("Arial"));
     maker->setFlat(true);
     maker->setCursor(Qt::PointingHandCursor);
     maker->setAutoDefault(false);
@@ -97,6 +110,7 @@ void frmAbout::makeFoot(const std::string& version)
 
     const QString versionText = QString::fromStdString(version);
     auto* label = placed(new QLabel(versionText, this), "version_lb", versionText, 3915, 3885, 1275, 240);
+    label->setFont(textFont("Arial"));
     label->setAlignment(Qt::AlignCenter);
 
     auto* ok = placed(new QPushButton(tr("OK"), this), "cmdOK", tr("OK"), 5880, 3840, 1260, 345);

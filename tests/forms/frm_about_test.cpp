@@ -64,6 +64,24 @@ TEST_F(FrmAboutTest, TellsWhatTheProgramIs)
     EXPECT_EQ(about.palette().color(QPalette::Window), QColor(Qt::white));
 }
 
+TEST_F(FrmAboutTest, IsWrittenInItsFontsAndColours)
+{
+    const auto* text = find<QPlainTextEdit>("Text1");
+    EXPECT_EQ(text->font().families().front(), "MS Sans Serif");
+    for (const auto* name : {"Label1", "version_lb"})
+        EXPECT_EQ(find<QWidget>(name)->font().families().front(), "Arial") << name;
+    // 9.75 points, at 96 dots per inch.
+    for (const auto* name : {"Text1", "Label1", "version_lb"})
+        EXPECT_EQ(find<QWidget>(name)->font().pixelSize(), 13) << name;
+    EXPECT_EQ(find<QLabel>("version_lb")->alignment(), Qt::AlignCenter);
+
+    const auto grey = text->palette().color(QPalette::Text);
+    EXPECT_LT(grey.lightness(), 128);
+    EXPECT_GT(grey.lightness(), 32);
+    EXPECT_LT(grey.saturation(), 80);
+    EXPECT_EQ(text->palette().color(QPalette::Base), QColor(Qt::white));
+}
+
 TEST_F(FrmAboutTest, IsModal)
 {
     show([&] {

@@ -28,9 +28,9 @@ class LinksPartsTest : public tests::FormTest {
         operations.run(session::Operation::showAbout);
     }
 
-    static void click(QWidget& about, const char* name)
+    static void click(QWidget& window, const char* name)
     {
-        auto* button = about.findChild<QAbstractButton*>(name);
+        auto* button = window.findChild<QAbstractButton*>(name);
         ASSERT_NE(button, nullptr) << name;
         QTest::mouseClick(button, Qt::LeftButton);
     }
@@ -50,13 +50,15 @@ class LinksPartsTest : public tests::FormTest {
 
 TEST_F(LinksPartsTest, ClosingTheAboutDialogEnablesTheMainFormAndItsOkDoesNot)
 {
-    form.setEnabled(false);
-    // The toolkit takes a form's dialogs along.
-    find("frmAbout")->setEnabled(true);
+    int clicks = 0;
+    QObject::connect(&form, &forms::Vantry_frm::main_TB_ButtonClick, &form, [&] { ++clicks; });
+    form.setFormEnabled(false);
     show([](QWidget& about) { click(about, "cmdOK"); });
-    EXPECT_FALSE(form.isEnabled());
+    click(form, "main_TB_open");
+    EXPECT_EQ(clicks, 0);
     show([](QWidget& about) { about.close(); });
-    EXPECT_TRUE(form.isEnabled());
+    click(form, "main_TB_open");
+    EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(LinksPartsTest, TheMakersLineOpensTheMakersPage)
