@@ -30,16 +30,18 @@ void Review::Command2_Click() { Form_Load(); }
 
 void Review::auto_review()
 {
+    const auto zip = zipReader();
     emptyPreview();
     // The dialog's last name, not the path that was saved to: a name that lost its last four letters at the
     // save is not found here.
-    play(m_ports.CommonDialog1.FileName);
+    play(zip.get(), m_ports.CommonDialog1.FileName);
 }
 
 void Review::Command3_Click()
 {
     constexpr auto* kAnyContainer = "*.asf";
     auto& dialog = m_ports.CommonDialog1;
+    const auto zip = zipReader();
     emptyPreview();
     skipFailures([&] {
         dialog.FileName = kAnyContainer;
@@ -49,7 +51,15 @@ void Review::Command3_Click()
         dialog.ShowOpen();
     });
     if (dialog.FileName != kAnyContainer)
-        play(dialog.FileName);
+        play(zip.get(), dialog.FileName);
+}
+
+/// None where it can't be made; what lies in the folder is played all the same.
+std::unique_ptr<ZipReader> Review::zipReader()
+{
+    std::unique_ptr<ZipReader> zip;
+    skipFailures([&] { zip = m_ports.zip.create(); });
+    return zip;
 }
 
 /// One file that can't be deleted leaves the others to go.
@@ -61,11 +71,12 @@ void Review::emptyPreview()
     }
 }
 
-void Review::play(const std::string& container)
+void Review::play(ZipReader* zip, const std::string& container)
 {
     const auto folder = m_ports.workspace.preview();
     skipFailures([&] {
-        const auto zip = m_ports.zip.create();
+        if (zip == nullptr)
+            return;
         zip->setZipFileName(container);
         zip->setExtractDir(folder);
         zip->setExtractList(0);

@@ -6,6 +6,9 @@
 #include "session/workspace.h"
 #include "session/zip_reader.h"
 
+#include <memory>
+#include <string>
+
 namespace quillora::session {
 
 /// The review of what was recorded: what the form `preview_frm` does. It unpacks a container into the Preview
@@ -37,8 +40,9 @@ class Review {
   private:
     void Form_Load();
     void auto_review();
+    std::unique_ptr<ZipReader> zipReader();
     void emptyPreview();
-    void play(const std::string& container);
+    void play(ZipReader* zip, const std::string& container);
 
     Ports m_ports;
 };

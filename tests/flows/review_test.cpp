@@ -1,6 +1,5 @@
 #include "tests/flows/lecture_world.h"
-
-#include <unistd.h>
+#include "tests/support/pinned_file.h"
 
 namespace quillora::tests {
 namespace {
@@ -179,7 +178,7 @@ TEST_F(ReviewFlow, Browse_PlaysTheChosenContainer)
     log.clear();
     review.Command3_Click();
     EXPECT_EQ(log.calls,
-              (Calls{"ShowOpen", "ZipReader", "ExtractList 0", "Unzip " + (documents / "other.asf").string(),
+              (Calls{"ZipReader", "ShowOpen", "ExtractList 0", "Unzip " + (documents / "other.asf").string(),
                      "setURL " + (preview / "talk.wmv").string(), "play"}));
     EXPECT_FALSE(std::filesystem::exists(preview / fields.VidTempTitle_txt));
 }
@@ -192,7 +191,7 @@ TEST_F(ReviewFlow, Browse_Cancelled_LeavesThePlayerButNotTheFolder)
     log.clear();
     CommonDialog1.willBeCancelled();
     review.Command3_Click();
-    EXPECT_EQ(log.calls, (Calls{"ShowOpen"}));
+    EXPECT_EQ(log.calls, (Calls{"ZipReader", "ShowOpen"}));
     EXPECT_EQ(preview_frm.URL, before);
     EXPECT_TRUE(preview_frm.playing);
     EXPECT_TRUE(std::filesystem::is_empty(preview));
@@ -209,17 +208,48 @@ TEST_F(ReviewFlow, Browse_Cancelled_LeavesItsMaskForTheNextReview)
     EXPECT_EQ(preview_frm.URL, preview.string() + "/");
 }
 
+TEST_F(ReviewFlow, AfterAnotherDeckWasOpened_OpensWithAnIdlePlayer)
+{
+    recordAndSave();
+    openDeck();
+    press("preview");
+    EXPECT_EQ(log.count("ZipReader"), 0);
+    EXPECT_EQ(preview_frm.URL, "");
+}
+
+/// That way to a deck leaves the name of the container as it is; that of the dialog is the deck's then.
+TEST_F(ReviewFlow, AfterTheStagesPictureOpenedADeck_TakesTheDeckForTheContainer)
+{
+    recordAndSave();
+    CommonDialog1.willChoose(documents / "deck.pptx");
+    deckShortcut.Image1_Click();
+    log.clear();
+    press("preview");
+    EXPECT_EQ(log.startingWith("Unzip "), (Calls{"Unzip " + (documents / "deck.pptx").string()}));
+    EXPECT_EQ(preview_frm.URL, preview.string() + "/");
+}
+
+TEST_F(ReviewFlow, AfterTheDialogOfTheStagesPictureWasCancelled_TakesItsMaskForTheContainer)
+{
+    recordAndSave();
+    CommonDialog1.willBeCancelled();
+    deckShortcut.Image1_Click();
+    log.clear();
+    press("preview");
+    EXPECT_EQ(log.startingWith("Unzip "), (Calls{"Unzip *.ppt; *.pptx; *.pps"}));
+    EXPECT_EQ(preview_frm.URL, preview.string() + "/");
+}
+
 TEST_F(ReviewFlow, AFileThatStays_LeavesTheLookupToTakeWhatComesFirst)
 {
-    if (::geteuid() == 0)
-        GTEST_SKIP() << "the superuser may delete anything";
     writeFile(preview / "aaa.wmv", "held");
-    std::filesystem::permissions(preview,
-                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-    recordAndSave();
-    press("preview");
-    std::filesystem::permissions(preview, std::filesystem::perms::owner_all);
+    const PinnedFile held(preview / "aaa.wmv");
+    if (!held.pinned())
+        GTEST_SKIP() << "nothing can be mounted here";
+    CommonDialog1.willChoose(container("other.asf", "bbb.wmv\n"));
+    browse();
     EXPECT_EQ(preview_frm.URL, (preview / "aaa.wmv").string());
+    EXPECT_EQ(readFile(preview / "aaa.wmv"), "held");
 }
 
 TEST_F(ReviewFlow, Close_UnloadsTheFormAndLeavesTheFilesUntilTheNextReview)
