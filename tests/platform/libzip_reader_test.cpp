@@ -55,6 +55,17 @@ class LibzipReaderTest : public testing::Test {
         unzip();
     }
 
+    /// What it says of an archive that it refuses.
+    std::string failure(const ZipBytes& zip)
+    {
+        try {
+            unzip(zip);
+        } catch (const std::runtime_error& refusal) {
+            return refusal.what();
+        }
+        return "none";
+    }
+
     Files unpacked() const
     {
         Files files;
@@ -112,13 +123,37 @@ TEST_F(LibzipReaderTest, MakesTheFolderWhereItHasGone)
 TEST_F(LibzipReaderTest, LeavesEveryNameThatLeadsElsewhereInTheArchive)
 {
     ZipBytes zip;
-    for (const auto* name : {"../up.wmv", "../../up.wmv", "/tmp/quillora_absolute.wmv", "folder/in.wmv",
-                             "folder/", "..\\up.wmv", "C:\\up.wmv", "..", ".", "", "a\nb"})
+    for (const auto* name :
+         {"../up.wmv", "../../up.wmv", "/tmp/quillora_absolute.wmv", "folder/in.wmv", "folder/", "..\\up.wmv",
+          "C:\\up.wmv", "..", ".", "", "a\nb", "\x81/up.wmv", "..\\\x81.wmv", "\x81\x01.wmv"})
         zip.add({.name = name, .contents = "hostile"});
     zip.add({.name = "a.wmv", .contents = "video"});
     unzip(zip);
     EXPECT_EQ(unpacked(), (Files{{"a.wmv", "video"}}));
     EXPECT_FALSE(fs::exists("/tmp/quillora_absolute.wmv"));
+}
+
+/// As programs packed it that wrote names in the code page of the machine, and as those that write UTF-8 but
+/// don't say so.
+TEST_F(LibzipReaderTest, GivesNamesInUtf8WhateverTheyWerePackedWith)
+{
+    constexpr std::uint16_t kSaysUtf8 = 1U << 11U;
+    ZipBytes zip;
+    zip.add({.name = "vorf\x81hrung.wmv", .contents = "code page 437"});
+    zip.add({.name = "le\xC3\xA7on.wmv", .contents = "silent"});
+    zip.add({.name = "\xD0\xB4.wmv", .contents = "said", .flags = kSaysUtf8});
+    unzip(zip);
+    EXPECT_EQ(unpacked(), (Files{{"vorf\xC3\xBChrung.wmv", "code page 437"},
+                                 {"le\xC3\xA7on.wmv", "silent"},
+                                 {"\xD0\xB4.wmv", "said"}}));
+}
+
+TEST_F(LibzipReaderTest, LeavesANameThatGrowsLongerThanAnyFilesNameInTheArchive)
+{
+    ZipBytes zip;
+    zip.add({.name = std::string(200, '\x81'), .contents = "video"});
+    unzip(zip);
+    EXPECT_TRUE(unpacked().empty());
 }
 
 TEST_F(LibzipReaderTest, LeavesLinksFoldersAndPipesInTheArchive)
@@ -217,6 +252,18 @@ TEST_F(LibzipReaderTest, RefusesASmallArchiveThatDeclaresMuch)
     zip.add({.name = "a.wmv", .contents = "tiny", .declaredSize = 0xFFFF0000});
     EXPECT_THROW(unzip(zip), std::runtime_error);
     EXPECT_TRUE(unpacked().empty());
+}
+
+TEST_F(LibzipReaderTest, RefusesSizesWhoseSumGoesRoundToASmallOne)
+{
+    constexpr std::uint64_t kHalf = std::uint64_t{1} << 63U;
+    for (const auto& [size, count] : {std::pair{kHalf, 2}, std::pair{kHalf / 2, 4}}) {
+        ZipBytes zip;
+        for (int i = 0; i < count; ++i)
+            zip.add({.name = std::to_string(i), .contents = "tiny", .declaredSize = size});
+        EXPECT_EQ(failure(zip), "the archive declares more than there is") << count;
+        EXPECT_TRUE(unpacked().empty());
+    }
 }
 
 TEST_F(LibzipReaderTest, RefusesABomb)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -16,7 +17,7 @@ struct ZipBytesEntry {
     /// 0 stored, 8 deflated: what it says, not what is done.
     std::uint16_t method = 0;
     /// Unpacked size that it declares; without one, the true one.
-    std::optional<std::uint32_t> declaredSize{};
+    std::optional<std::uint64_t> declaredSize{};
     /// Mode of a Unix system, 0 for none.
     std::uint32_t mode = 0;
     std::uint16_t flags = 0;
@@ -29,11 +30,12 @@ class ZipBytes {
     {
         const auto offset = std::uint32_t(m_bytes.size());
         const auto crc = crc32(entry.contents);
-        const auto size = entry.declaredSize.value_or(std::uint32_t(entry.contents.size()));
+        const std::uint64_t size = entry.declaredSize.value_or(entry.contents.size());
+        const std::string large = largeSize(size);
         number(m_bytes, 0x04034B50, 4);
         number(m_bytes, 20, 2);
         common(m_bytes, entry, crc, size);
-        m_bytes += entry.name + entry.contents;
+        m_bytes += entry.name + large + entry.contents;
 
         number(m_directory, 0x02014B50, 4);
         number(m_directory, entry.mode != 0 ? 0x0314 : 0x0014, 2);
@@ -45,7 +47,7 @@ class ZipBytes {
         number(m_directory, 0, 2);
         number(m_directory, std::uint64_t{entry.mode} << 16U, 4);
         number(m_directory, offset, 4);
-        m_directory += entry.name;
+        m_directory += entry.name + large;
         ++m_count;
     }
 
@@ -72,16 +74,30 @@ class ZipBytes {
             to.push_back(static_cast<char>(value >> (8 * i) & 0xFFU));
     }
 
-    static void common(std::string& to, const ZipBytesEntry& entry, std::uint32_t crc, std::uint32_t size)
+    static constexpr std::uint64_t kLargeSize = 0xFFFFFFFF;
+
+    /// The extra field for a size that 32 bits don't hold.
+    static std::string largeSize(std::uint64_t size)
+    {
+        std::string field;
+        if (size >= kLargeSize) {
+            number(field, 1, 2);
+            number(field, 8, 2);
+            number(field, size, 8);
+        }
+        return field;
+    }
+
+    static void common(std::string& to, const ZipBytesEntry& entry, std::uint32_t crc, std::uint64_t size)
     {
         number(to, entry.flags, 2);
         number(to, entry.method, 2);
         number(to, 0, 4);
         number(to, crc, 4);
         number(to, entry.contents.size(), 4);
-        number(to, size, 4);
+        number(to, std::min(size, kLargeSize), 4);
         number(to, entry.name.size(), 2);
-        number(to, 0, 2);
+        number(to, largeSize(size).size(), 2);
     }
 
     /// The 64-bit end record and its locator, which counts above 65535 take.

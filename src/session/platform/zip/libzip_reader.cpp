@@ -65,6 +65,17 @@ std::string lowerCase(std::string name)
     return name;
 }
 
+/// The name of an entry in UTF-8, whatever code page it was packed with; none where it leads elsewhere, be it
+/// as it stands or as it is read.
+std::optional<std::string> plainName(zip_t* archive, zip_uint64_t index)
+{
+    const char* packed = zip_get_name(archive, index, ZIP_FL_ENC_RAW);
+    const char* name = zip_get_name(archive, index, ZIP_FL_ENC_GUESS);
+    if (packed == nullptr || name == nullptr || !isPlainName(packed) || !isPlainName(name))
+        return std::nullopt;
+    return name;
+}
+
 /// What of the archive may come out of it. Of entries with the same name, the first.
 std::vector<Entry> plainEntries(zip_t* archive)
 {
@@ -75,13 +86,13 @@ std::vector<Entry> plainEntries(zip_t* archive)
     std::unordered_set<std::string> taken;
     for (zip_int64_t i = 0; i < count; ++i) {
         const auto index = zip_uint64_t(i);
-        const char* name = zip_get_name(archive, index, ZIP_FL_ENC_RAW);
+        const auto name = plainName(archive, index);
         zip_stat_t facts;
         zip_stat_init(&facts);
-        if (name == nullptr || !isPlainName(name) || zip_stat_index(archive, index, 0, &facts) != 0 ||
-            !isReadable(facts) || !isPlainFile(archive, index) || !taken.insert(lowerCase(name)).second)
+        if (!name || zip_stat_index(archive, index, 0, &facts) != 0 || !isReadable(facts) ||
+            !isPlainFile(archive, index) || !taken.insert(lowerCase(*name)).second)
             continue;
-        entries.push_back({index, name, facts.size});
+        entries.push_back({index, *name, facts.size});
     }
     return entries;
 }
