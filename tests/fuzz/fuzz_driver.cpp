@@ -32,12 +32,14 @@ int main(int count, char** arguments)
         runSeed(static_cast<unsigned>(std::strtoul(arguments[2], nullptr, 10)));
         return 0;
     }
-    if (count != 3 || std::string_view(arguments[1]) != "--seconds") {
-        std::fputs("usage: --seconds NUMBER, or --seed NUMBER to run one input again\n", stderr);
+    if ((count != 3 && count != 4) || std::string_view(arguments[1]) != "--seconds") {
+        std::fputs("usage: --seconds NUMBER [FIRST SEED], the first being 1 where none is given,\n"
+                   "       or --seed NUMBER to run one input again\n",
+                   stderr);
         return 2;
     }
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(std::atoi(arguments[2]));
-    unsigned seed = 1;
+    auto seed = count == 4 ? static_cast<unsigned>(std::strtoul(arguments[3], nullptr, 10)) : 1U;
     for (; std::chrono::steady_clock::now() < end; ++seed)
         runSeed(seed);
     return 0;
