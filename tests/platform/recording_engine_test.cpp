@@ -249,7 +249,9 @@ TEST_F(WholeEngine, LosesAtMostTwoSecondsWhenKilledWithoutASoundServer)
 // Side by side in four rounds, since each of them has to record for some seconds.
 TEST_F(WholeEngine, LosesAtMostTwoSecondsWhenKilledAtTwentyMoments)
 {
-    std::mt19937 generator(std::random_device{}());
+    const auto seed = std::random_device{}();
+    SCOPED_TRACE(seed);
+    std::mt19937 generator(seed);
     std::uniform_int_distribution<int> milliseconds(0, 1500);
     for (int round = 0; round < 4; ++round) {
         std::vector<Victim> victims;

@@ -19,6 +19,17 @@ class DocumentsTest(unittest.TestCase):
                     missing.append(f"{document.relative_to(ROOT)}: {path}")
         self.assertEqual(missing, [])
 
+    def test_the_quick_guide_has_its_two_pages(self):
+        facts = subprocess.run(["pdfinfo", str(ROOT / "assets" / "Vantry_QGuide.pdf")], capture_output=True, text=True,
+                               check=True).stdout
+        self.assertRegex(facts, r"(?m)^Pages: +2$")
+
+    def test_every_link_inside_the_help_leads_somewhere(self):
+        text = (ROOT / "assets" / "Support.html").read_text(encoding="utf-8")
+        links = re.findall(r'href="#([^"]*)"', text)
+        self.assertGreater(len(links), 0)
+        self.assertEqual([link for link in links if text.count(f'id="{link}"') != 1], [])
+
     def test_paths_are_found_at_all(self):
         self.assertEqual(named_paths("see `src/a/b.cpp`, `src/<folder>/x`, `build/dev/y`, `./run demo`, and ![w](docs/w.png)"),
                          ["src/a/b.cpp", "docs/w.png"])

@@ -13,6 +13,7 @@ from container import parse_index  # noqa: E402
 from judge import judge  # noqa: E402
 from presenter import Notes  # noqa: E402
 from processes import Failure, run_to_end  # noqa: E402
+from scenes import Scene  # noqa: E402
 from speech import make_speech  # noqa: E402
 
 FIRST = '<slides>\r\n<slide currentS="1">\r\n<minutes>00:00:00</minutes>\r\n<seconds>0</seconds>\r\n</slide>\r\n'
@@ -67,7 +68,7 @@ class LectureTest(unittest.TestCase):
         cls.folder = pathlib.Path(scratch.name)
         cls.speech = cls.folder / "speech.wav"
         make_speech(cls.speech)
-        for number in (1, 2):
+        for number in (1, 2, 3):
             picture = Image.new("RGB", (1280, 720), "white")
             pen = ImageDraw.Draw(picture)
             for line in range(12):
@@ -75,6 +76,9 @@ class LectureTest(unittest.TestCase):
             picture.save(cls.folder / f"Slide{number}.PNG")
             picture.resize((746, 420)).save(cls.folder / f"frame{number}.png")
             picture.resize((560, 420)).save(cls.folder / f"slide{number}.jpg", quality=90)
+        with Image.open(cls.folder / "frame1.png") as picture:
+            ImageDraw.Draw(picture).rectangle((650, 200, 688, 238), "navy")
+            picture.save(cls.folder / "frame4.png")
 
     def setUp(self):
         self.notes = Notes()
@@ -112,8 +116,34 @@ class LectureTest(unittest.TestCase):
     def assert_found(self, faults, words):
         self.assertTrue(any(words in fault for fault in faults), faults)
 
+    def scene(self, name, number, second):
+        """The stage as frame `number` has it, between `second` and a little later."""
+        return Scene(name, self.folder / f"frame{number}.png", second, second + 0.1)
+
     def test_a_right_lecture_passes(self):
         self.assertEqual(self.faults(self.video()), [])
+
+    def test_scenes_at_their_moments_pass(self):
+        self.notes.scenes = [self.scene("before", 1, 1.5), self.scene("after", 2, 4.2)]
+        self.assertEqual(self.faults(self.video()), [])
+
+    def test_a_scene_that_never_stands_in_the_video_is_found(self):
+        self.notes.scenes = [self.scene("before", 1, 1.5), self.scene("elsewhere", 3, 4.2)]
+        faults = self.faults(self.video())
+        self.assertEqual(len(faults), 1)
+        self.assert_found(faults, "does not show elsewhere")
+
+    def test_a_scene_that_differs_from_what_is_shown_by_a_spot_is_found(self):
+        self.notes.scenes = [self.scene("before", 1, 1.5), self.scene("with a spot", 4, 1.5)]
+        faults = self.faults(self.video())
+        self.assertEqual(len(faults), 1)
+        self.assert_found(faults, "does not show with a spot")
+
+    def test_a_scene_at_the_moment_of_another_is_found(self):
+        self.notes.scenes = [self.scene("before", 1, 1.5), self.scene("after", 2, 1.5)]
+        faults = self.faults(self.video())
+        self.assertEqual(len(faults), 1)
+        self.assert_found(faults, "does not show after")
 
     def test_a_slide_that_comes_late_is_found(self):
         self.assert_found(self.faults(self.video(((1, 4.75), (2, 0.25)))), "slide 2 does not show about")
