@@ -2,6 +2,7 @@
 
 #include "base/rounding.h"
 #include "base/twips.h"
+#include "panels/html_cost.h"
 
 #include <QMap>
 #include <QTextBlock>
@@ -18,18 +19,6 @@ namespace quillora::forms {
 namespace {
 
 constexpr qsizetype kLongestFontName = 128;
-
-constexpr qsizetype kLargestHtml = 2'000'000;
-constexpr int kMostHtmlElements = 30'000;
-constexpr int kDeepestHtml = 100;
-/// Characters of style sheets, times elements: the toolkit holds each rule against each of them. A long
-/// element counts as several, for the classes that it may have.
-constexpr qsizetype kMostStyling = 10'000'000;
-constexpr qsizetype kLengthOfAnElement = 20;
-/// What doesn't hold others, or is closed by its next neighbour.
-constexpr const char* kNoContainers[] = {"!",      "?",  "area", "base",  "br", "col",  "dd",
-                                         "dt",     "hr", "img",  "input", "li", "link", "meta",
-                                         "option", "p",  "td",   "th",    "tr", "wbr"};
 
 struct Substitute {
     const char* font;
@@ -53,38 +42,6 @@ class ClosedDocument : public QTextDocument {
   protected:
     QVariant loadResource(int, const QUrl&) override { return {}; }
 };
-
-/// What follows the bracket @p at, and the blanks behind it.
-QStringView elementAt(QStringView html, qsizetype at)
-{
-    QStringView element = html.sliced(at + 1);
-    while (!element.isEmpty() && element.front().isSpace())
-        element = element.sliced(1);
-    return element;
-}
-
-/// How much of @p element may be rules of a style sheet. One that holds anything in brackets may go on to the
-/// end of the document: which of them end it is the toolkit's secret.
-qsizetype styleSheetLength(QStringView element)
-{
-    if (!element.startsWith(u"style", Qt::CaseInsensitive))
-        return 0;
-    const qsizetype end = element.indexOf(u'<');
-    const bool isPlain = end >= 0 && element.sliced(end).startsWith(u"</style>", Qt::CaseInsensitive);
-    return isPlain ? end : element.size();
-}
-
-/// @p element: what follows the bracket.
-bool isContainer(QStringView element)
-{
-    qsizetype length = element.startsWith(u'!') || element.startsWith(u'?') ? 1 : 0;
-    while (length < element.size() && element[length].isLetterOrNumber())
-        ++length;
-    const QStringView name = element.left(length);
-    return length > 0 && std::ranges::none_of(kNoContainers, [&](const char* each) {
-               return name.compare(QLatin1String(each), Qt::CaseInsensitive) == 0;
-           });
-}
 
 std::string fontName(const QTextCharFormat& format)
 {
@@ -261,28 +218,10 @@ panels::RichText selectedRichText(const QTextCursor& cursor)
     return DocumentReader(SIZE_MAX).read(*cursor.document(), cursor.selectionStart(), cursor.selectionEnd());
 }
 
-bool isReadable(const QString& html)
-{
-    if (html.size() > kLargestHtml)
-        return false;
-    int elements = 0;
-    int depth = 0;
-    qsizetype styles = 0;
-    for (qsizetype at = html.indexOf(u'<'); at >= 0; at = html.indexOf(u'<', at + 1)) {
-        const QStringView element = elementAt(html, at);
-        if (element.startsWith(u'/'))
-            depth = std::max(0, depth - 1);
-        else if (isContainer(element) && ++depth > kDeepestHtml)
-            return false;
-        styles += styleSheetLength(element);
-        if (++elements > kMostHtmlElements)
-            return false;
-    }
-    return styles * (elements + html.size() / kLengthOfAnElement) <= kMostStyling;
-}
-
 panels::RichText richTextOfHtml(const QString& html, std::size_t limit)
 {
+    if (!panels::isCheapHtml({QStringView(html).utf16(), static_cast<std::size_t>(html.size())}))
+        return {};
     ClosedDocument document;
     document.setUndoRedoEnabled(false);
     document.setHtml(html);

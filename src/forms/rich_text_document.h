@@ -27,11 +27,8 @@ panels::RichText richTextOf(const QTextDocument& document, std::size_t limit);
 /// What the cursor has selected; a paragraph of which a part is selected brings its alignment and bullet.
 panels::RichText selectedRichText(const QTextCursor& cursor);
 
-/// Whether the toolkit reads @p html in less than a second: it takes time by the square of how deep elements
-/// lie in each other, and by the product of a style sheet's rules and the elements.
-bool isReadable(const QString& html);
-
-/// Reads a stranger's HTML, as far as the board can hold it; nothing that it names is loaded.
+/// Reads a stranger's HTML, as far as the board can hold it; nothing that it names is loaded. Empty where the
+/// toolkit would take too long.
 panels::RichText richTextOfHtml(const QString& html, std::size_t limit);
 
 /// Gives the cursor's paragraph a bullet. Each has a list of its own: in the toolkit a list takes time by the

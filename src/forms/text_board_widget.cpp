@@ -342,11 +342,8 @@ void TextBoardWidget::insertFromMimeData(const QMimeData* source)
         if (panels::isRtf(stream))
             pasted = panels::readRtf(stream, {.characters = kMostCharacters});
     });
-    if (!saysSomething(pasted) && source->hasFormat(kHtmlType)) {
-        const QString html = source->html();
-        if (isReadable(html))
-            pasted = richTextOfHtml(html, kMostCharacters);
-    }
+    if (!saysSomething(pasted) && source->hasFormat(kHtmlType))
+        pasted = richTextOfHtml(source->html(), kMostCharacters);
     QTextCursor cursor = textCursor();
     if (!saysSomething(pasted) && source->hasFormat(kPlainType))
         pasted = panels::fromPlainText(source->text().left(qsizetype{kMostCharacters}).toStdString(),
