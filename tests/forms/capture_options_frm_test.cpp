@@ -1,7 +1,7 @@
 #include "forms/capture_options_frm.h"
 
 #include "session/option_captions.h"
-#include "tests/forms/form_fixture.h"
+#include "tests/forms/dialog_fixture.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -22,24 +22,9 @@ using session::OptionControls;
 
 namespace {
 
-class CaptureOptionsForm : public tests::FormTest {
+class CaptureOptionsForm : public tests::DialogTest<CaptureOptions_frm> {
   protected:
-    CaptureOptionsForm()
-    {
-        dialog.show();
-        dialog.activateWindow();
-        dialogShown = tests::waitUntil([&] { return dialog.isActiveWindow(); });
-    }
-
-    template <typename T>
-    T* control(const char* name)
-    {
-        return dialog.findChild<T*>(QString(name));
-    }
-    void click(const char* name) { control<QAbstractButton>(name)->click(); }
-
-    CaptureOptions_frm dialog{&form};
-    bool dialogShown = false;
+    CaptureOptionsForm() { showDialog(); }
 };
 
 TEST_F(CaptureOptionsForm, ShowsTheStoredValues)
@@ -81,7 +66,7 @@ TEST_F(CaptureOptionsForm, StepsByTheButtonsAndTheArrowKeys)
     QSignalSpy bitrateDown(&dialog, &CaptureOptions_frm::UpDown2_DownClick);
     for (const char* stepper : {"UpDown1", "UpDown2"})
         for (const char* way : {"up", "down"})
-            control<QWidget>(stepper)->findChild<QAbstractButton*>(QString(way))->click();
+            control(stepper)->findChild<QAbstractButton*>(QString(way))->click();
     EXPECT_EQ(fpsUp.count() + fpsDown.count() + bitrateUp.count() + bitrateDown.count(), 4);
     QTest::keyClick(control<QLineEdit>("txtfps"), Qt::Key_Down);
     QTest::keyClick(control<QLineEdit>("bitrate_txt"), Qt::Key_Up);
@@ -153,8 +138,8 @@ TEST_F(CaptureOptionsForm, HasTheControlsThatNothingReadsOutOfReach)
                              "FPath_txt",       "h_txt",
                              "w_txt",           "Picture2",
                              "Frame2",          "Frame4"}) {
-        ASSERT_NE(control<QWidget>(name), nullptr) << name;
-        EXPECT_FALSE(control<QWidget>(name)->isVisible()) << name;
+        ASSERT_NE(control(name), nullptr) << name;
+        EXPECT_FALSE(control(name)->isVisible()) << name;
     }
 }
 
@@ -165,7 +150,7 @@ TEST_F(CaptureOptionsForm, LabelsTheControlsThatNothingReads)
                                                           {"txtwinhandle", "Window Handle "}};
     for (const auto& [name, text] : labels) {
         const auto all = dialog.findChildren<QLabel*>();
-        const auto found = std::ranges::find(all, control<QWidget>(name), &QLabel::buddy);
+        const auto found = std::ranges::find(all, control(name), &QLabel::buddy);
         ASSERT_NE(found, all.end()) << name;
         EXPECT_EQ((*found)->text(), text);
         EXPECT_FALSE((*found)->isVisible()) << name;
@@ -187,20 +172,18 @@ TEST_F(CaptureOptionsForm, IsWrittenInFontsThatHaveBothLanguages)
                                                     {"Command1", 11},
                                                     {"Command2", 11}};
     for (const auto& [name, size] : captions) {
-        EXPECT_EQ(control<QWidget>(name)->font().families().first(), "Traditional Arabic") << name;
-        EXPECT_EQ(control<QWidget>(name)->font().pixelSize(), size) << name;
+        EXPECT_EQ(control(name)->font().families().first(), "Traditional Arabic") << name;
+        EXPECT_EQ(control(name)->font().pixelSize(), size) << name;
     }
     for (const char* name : {"txtfps", "bitrate_txt"}) {
-        EXPECT_EQ(control<QWidget>(name)->font().families().first(), "Arial") << name;
-        EXPECT_EQ(control<QWidget>(name)->font().pixelSize(), 12) << name;
+        EXPECT_EQ(control(name)->font().families().first(), "Arial") << name;
+        EXPECT_EQ(control(name)->font().pixelSize(), 12) << name;
     }
 }
 
 TEST_F(CaptureOptionsForm, SpeaksArabicFromRightToLeft)
 {
-    const auto corner = [&](const char* name) {
-        return control<QWidget>(name)->mapTo(&dialog, QPoint()).x();
-    };
+    const auto corner = [&](const char* name) { return control(name)->mapTo(&dialog, QPoint()).x(); };
     EXPECT_LT(corner("Label2"), corner("txtfps"));
     OptionControls controls;
     controls.captions = Language::arabic;

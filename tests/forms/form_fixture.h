@@ -49,6 +49,30 @@ inline void settle(int milliseconds = 200)
     }
 }
 
+/// Whether @p window, which is shown, comes to have the focus.
+inline bool becomesActive(QWidget& window)
+{
+    // A window manager that has only just begun gives no focus to a window that it finds there already.
+    QElapsedTimer sinceAsked;
+    sinceAsked.start();
+    return waitUntil([&] {
+        if (sinceAsked.elapsed() > 500) {
+            window.activateWindow();
+            sinceAsked.start();
+        }
+        return window.isActiveWindow();
+    });
+}
+
+/// What stands in @p window under the name @p name; where nothing does, the test has failed.
+template <typename T = QWidget>
+T* control(QWidget& window, const char* name)
+{
+    T* found = window.findChild<T*>(QString(name));
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+}
+
 /// A picture in which every pixel differs from its neighbours, so that one that is shifted, scaled or covered
 /// shows.
 inline QImage busyPicture(QSize size)
@@ -77,16 +101,7 @@ class FormTest : public testing::Test {
         form.setCaption("Quillora Recorder");
         ebDemo.AddExpBarLess();
         form.show();
-        // A window manager that has only just begun gives no focus to a window that it finds there already.
-        QElapsedTimer sinceAsked;
-        sinceAsked.start();
-        shown = waitUntil([&] {
-            if (sinceAsked.elapsed() > 500) {
-                form.activateWindow();
-                sinceAsked.start();
-            }
-            return form.isActiveWindow() && probe.isMapped(window());
-        });
+        shown = becomesActive(form) && waitUntil([&] { return probe.isMapped(window()); });
         // Reparenting by the window manager moves the window once more after it is mapped.
         settle(100);
     }

@@ -1,6 +1,6 @@
 #include "forms/full_screen_frm.h"
 
-#include "tests/forms/form_fixture.h"
+#include "tests/forms/dialog_fixture.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -13,23 +13,9 @@ using forms::FullScreen_frm;
 
 namespace {
 
-class FullScreenForm : public tests::FormTest {
+class FullScreenForm : public tests::DialogTest<FullScreen_frm> {
   protected:
-    FullScreenForm()
-    {
-        dialog.show();
-        dialog.activateWindow();
-        dialogShown = tests::waitUntil([&] { return dialog.isActiveWindow(); });
-    }
-
-    template <typename T>
-    T* control(const char* name)
-    {
-        return dialog.findChild<T*>(QString(name));
-    }
-
-    FullScreen_frm dialog{};
-    bool dialogShown = false;
+    FullScreenForm() { showDialog(); }
 };
 
 } // namespace
@@ -42,14 +28,14 @@ TEST_F(FullScreenForm, HasItsCaptions)
     EXPECT_EQ(control<QPushButton>("Command1")->text(), "Start");
     EXPECT_EQ(control<QPushButton>("Command2")->text(), "Cancel");
     for (const char* name : {"Picture1", "Label3", "full_opt", "mouse_opt", "Command1", "Command2"})
-        EXPECT_TRUE(control<QWidget>(name)->isVisible()) << name;
+        EXPECT_TRUE(control(name)->isVisible()) << name;
 }
 
 TEST_F(FullScreenForm, BeginsWithTheWholeScreenOfTwoThatExcludeEachOther)
 {
     EXPECT_TRUE(control<QRadioButton>("full_opt")->isChecked());
     EXPECT_FALSE(dialog.mouse_opt());
-    control<QRadioButton>("mouse_opt")->click();
+    click("mouse_opt");
     EXPECT_TRUE(dialog.mouse_opt());
     EXPECT_FALSE(control<QRadioButton>("full_opt")->isChecked());
 }
@@ -60,7 +46,7 @@ TEST_F(FullScreenForm, StartsByReturnAndCancelsByEscape)
     QSignalSpy start(&dialog, &FullScreen_frm::Command1_Click);
     QSignalSpy cancel(&dialog, &FullScreen_frm::Command2_Click);
     EXPECT_TRUE(control<QPushButton>("Command1")->isDefault());
-    QTest::keyClick(control<QWidget>("full_opt"), Qt::Key_Return);
+    QTest::keyClick(control("full_opt"), Qt::Key_Return);
     EXPECT_EQ(start.count(), 1);
     QTest::keyClick(&dialog, Qt::Key_Escape);
     EXPECT_EQ(cancel.count(), 1);

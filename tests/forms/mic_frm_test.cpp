@@ -1,6 +1,6 @@
 #include "forms/mic_frm.h"
 
-#include "tests/forms/form_fixture.h"
+#include "tests/forms/dialog_fixture.h"
 
 #include <QAccessible>
 #include <QComboBox>
@@ -18,25 +18,14 @@ namespace {
 using List = audio::MicrophoneControls::List;
 using Devices = audio::MicrophoneControls::Devices;
 
-class MicrophoneForm : public tests::FormTest {
+class MicrophoneForm : public tests::DialogTest<mic_frm> {
   protected:
     MicrophoneForm()
     {
         for (const char* name : {"USB Microphone", "Webcam"})
             dialog.addItem(List::cboDev, name);
-        dialog.show();
-        dialog.activateWindow();
-        dialogShown = tests::waitUntil([&] { return dialog.isActiveWindow(); });
+        showDialog();
     }
-
-    template <typename T = QWidget>
-    T* control(const char* name)
-    {
-        return dialog.findChild<T*>(QString(name));
-    }
-
-    mic_frm dialog{&form};
-    bool dialogShown = false;
 };
 
 } // namespace
@@ -157,7 +146,7 @@ TEST_F(MicrophoneForm, LettingTheSliderGoIsAClick)
 TEST_F(MicrophoneForm, CloseAndEscapeHideIt)
 {
     ASSERT_TRUE(dialogShown);
-    control<QPushButton>("Command1")->click();
+    click("Command1");
     EXPECT_FALSE(dialog.isVisible());
     dialog.show();
     QTest::keyClick(&dialog, Qt::Key_Escape);

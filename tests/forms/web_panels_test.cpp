@@ -10,7 +10,6 @@
 #include <QTest>
 
 using namespace quillora;
-using tests::waitUntil;
 
 namespace {
 
@@ -33,19 +32,13 @@ class WebPanelsTest : public testing::Test {
         QObject::connect(&video, &forms::VideoPanelWidget::Command3_Click,
                          [this] { calls.push_back("Command3"); });
         window.show();
-        EXPECT_TRUE(waitUntil([&] {
-            window.activateWindow();
-            tests::settle(50);
-            return window.isActiveWindow();
-        }));
+        EXPECT_TRUE(tests::becomesActive(window));
     }
 
     template <typename T = QWidget>
     T* find(const char* name)
     {
-        T* widget = window.findChild<T*>(name);
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
+        return tests::control<T>(window, name);
     }
 
     QWidget window;
