@@ -14,6 +14,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <array>
 
 using namespace quillora;
 using forms::CaptureOptions_frm;
@@ -25,6 +26,11 @@ namespace {
 class CaptureOptionsForm : public tests::DialogTest<CaptureOptions_frm> {
   protected:
     CaptureOptionsForm() { showDialog(); }
+
+    void step(const char* stepper, const char* way)
+    {
+        tests::control<QAbstractButton>(*control(stepper), way)->click();
+    }
 };
 
 TEST_F(CaptureOptionsForm, ShowsTheStoredValues)
@@ -64,14 +70,22 @@ TEST_F(CaptureOptionsForm, StepsByTheButtonsAndTheArrowKeys)
     QSignalSpy fpsDown(&dialog, &CaptureOptions_frm::UpDown1_DownClick);
     QSignalSpy bitrateUp(&dialog, &CaptureOptions_frm::UpDown2_UpClick);
     QSignalSpy bitrateDown(&dialog, &CaptureOptions_frm::UpDown2_DownClick);
-    for (const char* stepper : {"UpDown1", "UpDown2"})
-        for (const char* way : {"up", "down"})
-            control(stepper)->findChild<QAbstractButton*>(QString(way))->click();
-    EXPECT_EQ(fpsUp.count() + fpsDown.count() + bitrateUp.count() + bitrateDown.count(), 4);
+    using Counts = std::array<qsizetype, 4>;
+    const auto counts = [&] {
+        return Counts{fpsUp.count(), fpsDown.count(), bitrateUp.count(), bitrateDown.count()};
+    };
+    step("UpDown1", "up");
+    EXPECT_EQ(counts(), (Counts{1, 0, 0, 0}));
+    step("UpDown1", "down");
+    EXPECT_EQ(counts(), (Counts{1, 1, 0, 0}));
+    step("UpDown2", "up");
+    EXPECT_EQ(counts(), (Counts{1, 1, 1, 0}));
+    step("UpDown2", "down");
+    EXPECT_EQ(counts(), (Counts{1, 1, 1, 1}));
     QTest::keyClick(control<QLineEdit>("txtfps"), Qt::Key_Down);
+    EXPECT_EQ(counts(), (Counts{1, 2, 1, 1}));
     QTest::keyClick(control<QLineEdit>("bitrate_txt"), Qt::Key_Up);
-    EXPECT_EQ(fpsDown.count(), 2);
-    EXPECT_EQ(bitrateUp.count(), 2);
+    EXPECT_EQ(counts(), (Counts{1, 2, 2, 1}));
     EXPECT_EQ(control<QLineEdit>("txtfps")->text(), "24");
 }
 
@@ -109,9 +123,14 @@ TEST_F(CaptureOptionsForm, AsksForTheHelpOfEachPicture)
     QSignalSpy help1(&dialog, &CaptureOptions_frm::Picture1_Click);
     QSignalSpy help4(&dialog, &CaptureOptions_frm::Picture4_Click);
     QSignalSpy help2(&dialog, &CaptureOptions_frm::Picture2_Click);
-    for (const char* name : {"Picture6", "Picture1", "Picture4", "Picture2"})
+    const std::pair<const char*, QSignalSpy&> helps[] = {
+        {"Picture6", help6}, {"Picture1", help1}, {"Picture4", help4}, {"Picture2", help2}};
+    qsizetype clicks = 0;
+    for (const auto& [name, help] : helps) {
         click(name);
-    EXPECT_EQ(help6.count() + help1.count() + help4.count() + help2.count(), 4);
+        EXPECT_EQ(help.count(), 1) << name;
+        EXPECT_EQ(help6.count() + help1.count() + help4.count() + help2.count(), ++clicks) << name;
+    }
 }
 
 TEST_F(CaptureOptionsForm, HasTheControlsThatNothingReadsOutOfReach)
