@@ -1,10 +1,8 @@
-#include "tests/forms/form_fixture.h"
+#include "app/slide_ink_parts.h"
 
-#include "deck/slide_ink.h"
 #include "deck/slide_pen.h"
 #include "deck/slide_viewer.h"
 #include "forms/image_surface_widget.h"
-#include "forms/notes_panel.h"
 #include "forms/pen_options.h"
 #include "forms/task_pane_widget.h"
 #include "session/session_fields.h"
@@ -12,6 +10,7 @@
 #include "session/workspace.h"
 #include "stage/slide_place.h"
 #include "stage/stage_surfaces.h"
+#include "tests/forms/form_fixture.h"
 
 #include <QAbstractButton>
 #include <QPaintEvent>
@@ -39,7 +38,7 @@ class PaintWatch : public QObject {
     }
 };
 
-/// The form with a deck of two white slides and the ink's logic behind its controls.
+/// The form with a deck of two white slides and the ink's parts behind its controls.
 class SlideInkFormTest : public FormTest {
   protected:
     SlideInkFormTest()
@@ -50,12 +49,6 @@ class SlideInkFormTest : public FormTest {
         fields.slideCount = "2";
         fields.currentSlide = "1";
         viewer.LoadSlide();
-        using forms::NotesPanel;
-        auto* panel = &form.Pic_notes();
-        QObject::connect(panel, &NotesPanel::pens_TB_ButtonClick,
-                         [this](const std::string& key) { ink.pens_TB_ButtonClick(key); });
-        QObject::connect(panel, &NotesPanel::Option_Click, [this](int number) { ink.Option_Click(number); });
-        QObject::connect(panel, &NotesPanel::Command10_Click, [this] { ink.Command10_Click(); });
         QObject::connect(slide, &forms::ImageSurfaceWidget::MouseDown,
                          [this](int b, int s, float x, float y) { pen.slide_img_MouseDown(b, s, x, y); });
         QObject::connect(slide, &forms::ImageSurfaceWidget::MouseMove,
@@ -113,7 +106,7 @@ class SlideInkFormTest : public FormTest {
     deck::SlideViewer viewer{{fields, form, workspace, index, form.slide_img(), form.slide_img_N(),
                               slidePlace, QUILLORA_ASSETS}};
     deck::SlidePen pen{form.slide_img()};
-    deck::SlideInk ink{{form, form.slide_img(), pen, viewer, QUILLORA_ASSETS}};
+    app::SlideInkParts parts{{.window = form, .pen = pen, .viewer = viewer, .assets = QUILLORA_ASSETS}};
     forms::ImageSurfaceWidget* slide = find<forms::ImageSurfaceWidget>("slide_img");
 };
 
