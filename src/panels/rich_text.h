@@ -37,6 +37,7 @@ struct TextRun {
     bool operator==(const TextRun&) const = default;
 };
 
+/// What stands between two paragraph ends.
 struct Paragraph {
     Alignment alignment = Alignment::left;
     bool bullet = false;

@@ -1,15 +1,15 @@
 #include "panels/rtf_reader.h"
 
 #include "panels/code_pages.h"
+#include "panels/rtf_body.h"
+#include "panels/rtf_characters.h"
 #include "panels/rtf_lexer.h"
 #include "panels/rtf_tables.h"
 #include "panels/rtf_words.h"
-#include "panels/unicode.h"
 
 #include <algorithm>
 #include <optional>
 #include <stdexcept>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -18,7 +18,6 @@ namespace quillora::panels {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::size_t kLongestMarker = 64;
 constexpr int kMostFallbackCharacters = 1'000;
 constexpr int kTwipsPerHalfPoint = 10;
 /// What a character without a size has, in half points.
@@ -37,27 +36,11 @@ base::Twips allowedSize(long long twips)
     return {static_cast<int>(std::clamp<long long>(twips, kSmallestFontSize.value, kLargestFontSize.value))};
 }
 
-/// A list's marker that stands for a bullet: one character that counts nothing. Word's second level has a
-/// plain "o".
-bool isBulletMarker(std::string_view marker)
-{
-    const auto last = marker.find_last_not_of(" \t");
-    if (last == marker.npos)
-        return false;
-    marker = marker.substr(0, last + 1);
-    marker.remove_prefix(marker.find_first_not_of(" \t"));
-    const char32_t character = takeCharacter(marker);
-    const bool counts = (character >= U'0' && character <= U'9') ||
-                        ((character | 0x20U) >= U'a' && (character | 0x20U) <= U'z' && character != U'o');
-    return marker.empty() && !counts;
-}
-
 /// Everything that a group restores at its end.
 struct GroupState {
-    CharacterFormat character{.font = {}, .size = {kDefaultHalfPoints * kTwipsPerHalfPoint}};
+    RtfLook look{.character = {.size = {kDefaultHalfPoints * kTwipsPerHalfPoint}}};
+    /// Its number; unset, that of the document.
     std::optional<int> font{};
-    Alignment alignment = Alignment::left;
-    bool bullet = false;
     bool hidden = false;
     RtfDestination destination = RtfDestination::body;
     int fallbackCharacters = 1;
@@ -70,7 +53,7 @@ class Reader {
     Reader(std::string_view stream, const RtfLimits& limits)
         : m_lexer(stream),
           m_limits(limits),
-          m_builder(limits.characters),
+          m_body(limits.characters),
           m_fonts(limits.tableEntries),
           m_colours(limits.tableEntries)
     {}
@@ -87,43 +70,30 @@ class Reader {
     void applyColourWord(RtfAction action, int value);
     void enter(RtfDestination destination);
     void byte(std::uint8_t value);
-    void unicode(int unit);
+    void put(const std::u32string& characters);
     void put(char32_t character);
-    void putIntoDestination(char32_t character);
-    void putIntoBody(char32_t character);
-    void endParagraph();
-    void applyMarker();
     void takeFont(int number);
-    void choosePage();
-    bool takesFallback();
-    const CharacterFormat& format();
+    void applyFont();
 
     RtfLexer m_lexer;
     RtfLimits m_limits;
-    RichTextBuilder m_builder;
+    RtfCharacters m_characters{};
+    RtfBody m_body;
+    RtfFontTable m_fonts;
+    RtfColourTable m_colours;
     GroupState m_state{};
     std::vector<GroupState> m_outer{};
     /// Groups that were begun beyond the limit.
     std::size_t m_tooDeep = 0;
     bool m_starred = false;
-    /// Whether the format may differ from that of the last character that was put into the body.
-    bool m_formatChanged = true;
-    int m_fallbackToSkip = 0;
-    std::optional<char32_t> m_highSurrogate{};
 
     int m_documentPage = kWesternPage;
     int m_defaultFont = 0;
-    CodePageDecoder m_decoder{};
-    RtfFontTable m_fonts;
-    RtfColourTable m_colours;
-
-    std::string m_marker{};
-    bool m_markerIsBullet = false;
 };
 
 RichText Reader::read()
 {
-    for (RtfToken token = m_lexer.next(); token.kind != RtfToken::Kind::end && !m_builder.full();
+    for (RtfToken token = m_lexer.next(); token.kind != RtfToken::Kind::end && !m_body.full();
          token = m_lexer.next()) {
         using Kind = RtfToken::Kind;
         // What ends the outermost group ends the document, and the last paragraph still has its look.
@@ -133,28 +103,24 @@ RichText Reader::read()
             beginGroup();
         else if (token.kind == Kind::groupEnd)
             endGroup();
-        else if (m_tooDeep > 0 || (token.kind == Kind::binary && !takesFallback()))
+        else if (m_tooDeep > 0 || (token.kind == Kind::binary && !m_characters.takesFallback()))
             continue;
-        else if (token.kind == Kind::byte && !takesFallback())
+        else if (token.kind == Kind::byte && !m_characters.takesFallback())
             byte(token.byte);
         else if (token.kind == Kind::text)
             for (const char each : token.name) {
-                if (!takesFallback())
+                if (!m_characters.takesFallback())
                     byte(static_cast<std::uint8_t>(each));
             }
         else if (token.kind == Kind::controlWord || token.kind == Kind::controlSymbol)
             control(token);
     }
-    // The last paragraph's end stands in most streams, and makes no paragraph after it.
-    applyMarker();
-    if (!m_builder.paragraphIsEmpty() || m_builder.paragraphCount() == 0)
-        endParagraph();
-    return m_builder.take();
+    return m_body.take(m_state.look);
 }
 
 void Reader::beginGroup()
 {
-    m_fallbackToSkip = 0;
+    m_characters.endFallback();
     m_starred = false;
     if (m_tooDeep > 0 || m_outer.size() >= m_limits.depth) {
         ++m_tooDeep;
@@ -168,7 +134,7 @@ void Reader::beginGroup()
 
 void Reader::endGroup()
 {
-    m_fallbackToSkip = 0;
+    m_characters.endFallback();
     m_starred = false;
     if (m_tooDeep > 0) {
         --m_tooDeep;
@@ -176,20 +142,12 @@ void Reader::endGroup()
     }
     if (m_state.destination == RtfDestination::fontTable)
         m_fonts.end();
-    const bool bullet = m_state.bullet && m_state.destination == RtfDestination::numbering;
+    const bool bullet = m_state.look.bullet && m_state.destination == RtfDestination::numbering;
     m_state = std::move(m_outer.back());
     m_outer.pop_back();
-    m_state.bullet = m_state.bullet || bullet;
-    m_formatChanged = true;
-    choosePage();
-}
-
-bool Reader::takesFallback()
-{
-    if (m_fallbackToSkip == 0)
-        return false;
-    --m_fallbackToSkip;
-    return true;
+    m_state.look.bullet = m_state.look.bullet || bullet;
+    m_body.changeLook();
+    applyFont();
 }
 
 void Reader::control(const RtfToken& token)
@@ -200,11 +158,10 @@ void Reader::control(const RtfToken& token)
         return;
     const RtfWord* word = findRtfWord(token.name);
     const bool isCharacter = word != nullptr && word->action == RtfAction::character;
-    if (isCharacter && takesFallback())
+    if (isCharacter && m_characters.takesFallback())
         return;
-    // Some writers leave the fallback out: what is no character is never one.
     if (!isCharacter)
-        m_fallbackToSkip = 0;
+        m_characters.endFallback();
     if (word != nullptr)
         apply(*word, token.parameter);
     // The star says: who does not know the word passes over the group.
@@ -220,27 +177,25 @@ void Reader::enter(RtfDestination destination)
     if (m_state.destination == RtfDestination::skipped)
         return;
     m_state.destination = destination;
-    if (destination == RtfDestination::marker) {
-        m_marker.clear();
-        m_markerIsBullet = false;
-    }
+    if (destination == RtfDestination::marker)
+        m_body.beginMarker();
 }
 
 void Reader::apply(const RtfWord& word, std::optional<int> parameter)
 {
     switch (word.action) {
     case RtfAction::character:
-        put(static_cast<char32_t>(word.value));
+        put(m_characters.ofCharacter(static_cast<char32_t>(word.value)));
         break;
     case RtfAction::destination:
         enter(static_cast<RtfDestination>(word.value));
         break;
     case RtfAction::paragraphEnd:
         if (m_state.destination == RtfDestination::body)
-            endParagraph();
+            m_body.endParagraph(m_state.look);
         break;
     case RtfAction::unicode:
-        unicode(parameter.value_or(0));
+        put(m_characters.ofUnit(parameter.value_or(0), m_state.fallbackCharacters));
         break;
     case RtfAction::fallbackLength:
         m_state.fallbackCharacters = std::clamp(parameter.value_or(1), 0, kMostFallbackCharacters);
@@ -250,20 +205,21 @@ void Reader::apply(const RtfWord& word, std::optional<int> parameter)
         break;
     case RtfAction::codePage:
         m_documentPage = word.value != 0 ? word.value : parameter.value_or(kWesternPage);
-        choosePage();
+        applyFont();
         break;
     case RtfAction::defaultFont:
         m_defaultFont = parameter.value_or(0);
+        applyFont();
         break;
     case RtfAction::paragraphDefaults:
-        m_state.alignment = Alignment::left;
-        m_state.bullet = false;
+        m_state.look.alignment = Alignment::left;
+        m_state.look.bullet = false;
         break;
     case RtfAction::alignment:
-        m_state.alignment = static_cast<Alignment>(word.value);
+        m_state.look.alignment = static_cast<Alignment>(word.value);
         break;
     case RtfAction::bullet:
-        m_state.bullet = true;
+        m_state.look.bullet = true;
         break;
     case RtfAction::fontCharset:
     case RtfAction::fontCodePage:
@@ -276,8 +232,17 @@ void Reader::apply(const RtfWord& word, std::optional<int> parameter)
         break;
     case RtfAction::transparent:
         break;
-    default:
-        m_formatChanged = true;
+    case RtfAction::characterDefaults:
+    case RtfAction::bold:
+    case RtfAction::italic:
+    case RtfAction::underline:
+    case RtfAction::noUnderline:
+    case RtfAction::hidden:
+    case RtfAction::font:
+    case RtfAction::halfPoints:
+    case RtfAction::twips:
+    case RtfAction::colour:
+        m_body.changeLook();
         applyCharacterWord(word.action, parameter);
         break;
     }
@@ -285,15 +250,15 @@ void Reader::apply(const RtfWord& word, std::optional<int> parameter)
 
 void Reader::applyCharacterWord(RtfAction action, std::optional<int> parameter)
 {
-    CharacterFormat& character = m_state.character;
+    CharacterFormat& character = m_state.look.character;
     const bool on = parameter.value_or(1) != 0;
     switch (action) {
     case RtfAction::characterDefaults: {
         const GroupState plain;
-        character = plain.character;
+        character = plain.look.character;
         m_state.font.reset();
         m_state.hidden = false;
-        choosePage();
+        applyFont();
         break;
     }
     case RtfAction::bold:
@@ -348,67 +313,49 @@ void Reader::applyFontWord(RtfAction action, int value)
         m_fonts.setCodePage(value);
     else if (value != kDefaultCharset)
         m_fonts.setCodePage(codePageOfCharset(value, m_documentPage));
-    m_decoder.setPage(m_fonts.codePage().value_or(m_documentPage));
+    m_characters.setPage(m_fonts.codePage().value_or(m_documentPage));
 }
 
 void Reader::takeFont(int number)
 {
     if (m_state.destination == RtfDestination::fontTable) {
         m_fonts.begin(number);
-        m_decoder.setPage(m_documentPage);
+        m_characters.setPage(m_documentPage);
         return;
     }
     m_state.font = number;
-    choosePage();
+    applyFont();
 }
 
-void Reader::choosePage()
+/// The characters that come are in this font, and their bytes in its code page.
+void Reader::applyFont()
 {
     const RtfFont* font = m_fonts.find(m_state.font.value_or(m_defaultFont));
-    m_decoder.setPage(font == nullptr ? m_documentPage : font->codePage.value_or(m_documentPage));
+    m_characters.setPage(font == nullptr ? m_documentPage : font->codePage.value_or(m_documentPage));
+    m_state.look.character.font = font == nullptr ? CharacterFormat().font : font->name;
 }
 
 void Reader::byte(std::uint8_t value)
 {
-    if (m_state.destination == RtfDestination::skipped || m_state.destination == RtfDestination::numbering)
-        return;
-    if (const char32_t character = m_decoder.decode(value); character != 0)
-        put(character);
+    if (m_state.destination != RtfDestination::skipped && m_state.destination != RtfDestination::numbering)
+        put(m_characters.ofByte(value));
 }
 
-void Reader::unicode(int unit)
+void Reader::put(const std::u32string& characters)
 {
-    // Units above 32767 are written as negative numbers.
-    const auto value = static_cast<char32_t>(static_cast<unsigned>(unit) & 0xFFFFU);
-    const bool isHigh = value >= 0xD800 && value < 0xDC00;
-    const bool isLow = value >= 0xDC00 && value < 0xE000;
-    if (isLow && m_highSurrogate)
-        put(0x10000 + ((*std::exchange(m_highSurrogate, std::nullopt) - 0xD800) << 10) + (value - 0xDC00));
-    else if (!isHigh)
-        put(value);
-    else if (std::exchange(m_highSurrogate, value))
-        putIntoDestination(kReplacementCharacter);
-    m_fallbackToSkip = m_state.fallbackCharacters;
+    for (const char32_t each : characters)
+        put(each);
 }
 
 void Reader::put(char32_t character)
 {
-    // Half a character stands alone.
-    if (std::exchange(m_highSurrogate, std::nullopt))
-        putIntoDestination(kReplacementCharacter);
-    putIntoDestination(isSurrogate(character) ? kReplacementCharacter : character);
-}
-
-void Reader::putIntoDestination(char32_t character)
-{
     switch (m_state.destination) {
     case RtfDestination::body:
         if (!m_state.hidden)
-            putIntoBody(character);
+            m_body.add(character, m_state.look);
         break;
     case RtfDestination::marker:
-        if (m_marker.size() < kLongestMarker && isBoardCharacter(character))
-            appendUtf8(m_marker, character);
+        m_body.addToMarker(character);
         break;
     case RtfDestination::fontTable:
         m_fonts.add(character);
@@ -421,54 +368,6 @@ void Reader::putIntoDestination(char32_t character)
     case RtfDestination::skipped:
         break;
     }
-}
-
-void Reader::putIntoBody(char32_t character)
-{
-    if (character == 0x2029) {
-        endParagraph();
-        return;
-    }
-    if (character == U'\v' || character == U'\n')
-        character = kLineBreak;
-    if (!isBoardCharacter(character))
-        return;
-    applyMarker();
-    if (m_formatChanged || m_builder.paragraphIsEmpty())
-        m_builder.add(character, format());
-    else
-        m_builder.addAlike(character);
-    m_formatChanged = false;
-}
-
-void Reader::applyMarker()
-{
-    if (m_marker.empty())
-        return;
-    const std::string marker = std::exchange(m_marker, {});
-    m_markerIsBullet = m_state.bullet || isBulletMarker(marker);
-    if (m_markerIsBullet)
-        return;
-    std::string_view rest = marker;
-    rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
-    while (!rest.empty())
-        m_builder.add(takeCharacter(rest), format());
-    m_formatChanged = true;
-}
-
-void Reader::endParagraph()
-{
-    applyMarker();
-    m_builder.endParagraph(m_state.alignment, m_state.bullet || m_markerIsBullet, format());
-    m_markerIsBullet = false;
-    m_formatChanged = true;
-}
-
-const CharacterFormat& Reader::format()
-{
-    const RtfFont* font = m_fonts.find(m_state.font.value_or(m_defaultFont));
-    m_state.character.font = font == nullptr ? CharacterFormat().font : font->name;
-    return m_state.character;
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 
 namespace quillora::panels {
 
+/// A font of a stream, as its table names it.
 struct RtfFont {
     std::string name{};
     /// Unset: that of the document.

@@ -3,7 +3,6 @@
 #include "panels/rtf_words.h"
 #include "panels/unicode.h"
 
-#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
