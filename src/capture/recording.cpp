@@ -1,7 +1,7 @@
 #include "capture/recording.h"
 
 #include "base/skip_failures.h"
-#include "capture/picture_converter.h"
+#include "capture/screen_grabber.h"
 
 #include <algorithm>
 #include <optional>
@@ -17,127 +17,18 @@ using namespace std::chrono_literals;
 constexpr std::size_t kMostPictures = 12;
 /// Sound that waits for the writer, 30 s.
 constexpr std::size_t kMostSoundSamples = 30 * std::size_t{kSoundRate};
-/// Sound that hasn't come by then is taken to be none. Until then pictures wait for it in memory, and would
-/// be lost if the process were killed.
-constexpr auto kSoundPatience = 1s;
 /// At the end, for the sound that was recorded but not delivered yet.
 constexpr auto kLastSoundPatience = 150ms;
 constexpr auto kLastSoundInterval = 10ms;
 /// A still picture and sound are written in this rhythm; a new picture is written at once.
 constexpr auto kWriteInterval = 200ms;
-constexpr auto kFlushInterval = 250ms;
-/// How long the caller waits for the disk, and how often a display that isn't there is looked for again.
+/// How long the caller waits for the disk.
 constexpr auto kOpenPatience = 2s;
 constexpr auto kEndPatience = 5s;
 /// A grab that takes longer doesn't hold up the file: its frames become repeats.
 constexpr auto kGrabPatience = 500ms;
-constexpr auto kReopenInterval = 1s;
 
 } // namespace
-
-/// The grab thread's own: the screen, and the picture as it was last.
-class Recording::Grabber {
-  public:
-    Grabber(const CapturePorts& ports, int width, int height)
-        : m_ports(ports), m_width(width), m_height(height), m_converter(width, height)
-    {}
-
-    /// Takes a picture. Returns how many pixels of it may have changed. A screen that can't be read shows
-    /// what it showed last.
-    std::int64_t grab(const CaptureView& view)
-    {
-        std::int64_t changedPixels = 0;
-        base::skipFailures([&] {
-            if (!m_screen && !open())
-                return;
-            const PixelRectangle region = regionOf(view, *m_screen, m_width, m_height);
-            const ScreenSource::Grab taken = m_screen->grab(region, view.pointer);
-            if (!taken.changed.empty())
-                changedPixels = m_converter.update(taken.image, taken.changed);
-        });
-        return changedPixels;
-    }
-
-    SharedPicture picture() { return m_converter.handOut(); }
-
-  private:
-    bool open()
-    {
-        const auto now = CaptureClock::now();
-        if (m_nextTry && now < *m_nextTry)
-            return false;
-        m_nextTry = now + kReopenInterval;
-        m_screen = m_ports.openScreen();
-        return m_screen != nullptr;
-    }
-
-    const CapturePorts& m_ports;
-    int m_width;
-    int m_height;
-    std::unique_ptr<ScreenSource> m_screen{};
-    std::optional<CaptureClock::time_point> m_nextTry{};
-    PictureConverter m_converter;
-};
-
-/// The writer thread's own: the file, and how far it is.
-class Recording::Filer {
-  public:
-    void open(const CapturePorts& ports, const MediaFormat& format) { m_writer = ports.openWriter(format); }
-
-    void write(const Delivery& delivery)
-    {
-        for (const NumberedPicture& next : delivery.pictures) {
-            repeatUntil(next.frame);
-            m_writer->writePicture(next.picture, next.changedPixels);
-            ++m_frames;
-        }
-        repeatUntil(delivery.frames);
-
-        for (const SoundChunk& chunk : delivery.sound)
-            m_synchroniser.take(delivery.clock, chunk.firstSample, chunk.samples, m_samples);
-        fillSound(delivery.clock.recordedAt(CaptureClock::now() - kSoundPatience));
-    }
-
-    /// Whether the sound of all of the recording is there.
-    bool hasSoundUntil(RecordedTime recorded) const
-    {
-        return double(m_synchroniser.produced()) >=
-               std::chrono::duration<double>(recorded).count() * kSoundRate - 3;
-    }
-
-    void fillSound(RecordedTime recorded)
-    {
-        m_synchroniser.fillUntil(recorded, m_samples);
-        m_writer->writeSound(m_samples);
-        m_samples.clear();
-    }
-
-    void flush()
-    {
-        const auto now = CaptureClock::now();
-        if (now - m_flushed < kFlushInterval)
-            return;
-        m_flushed = now;
-        m_writer->flush();
-    }
-
-    void close() { m_writer->close(); }
-
-  private:
-    void repeatUntil(std::int64_t frame)
-    {
-        if (frame <= m_frames)
-            return;
-        m_writer->repeatPicture(frame - m_frames);
-        m_frames = frame;
-    }
-
-    std::unique_ptr<MediaWriter> m_writer{};
-    SoundSynchroniser m_synchroniser{};
-    std::vector<float> m_samples{};
-    std::int64_t m_frames = 0;
-    CaptureClock::time_point m_flushed{};
-};
 
 Recording::Recording(CapturePorts ports, MediaFormat format)
     : m_ports(std::move(ports)), m_format(std::move(format)), m_pacer(m_format.framesPerSecond)
@@ -222,7 +113,7 @@ void Recording::takeSound(CaptureClock::time_point firstSample, std::span<const 
 
 void Recording::grab()
 {
-    Grabber grabber(m_ports, m_format.width, m_format.height);
+    ScreenGrabber grabber(m_ports, m_format.width, m_format.height);
     // A change that found no place in the queue, and so has to come with the next frame.
     std::int64_t owedPixels = 0;
     std::unique_lock lock(m_mutex);
@@ -257,12 +148,10 @@ bool Recording::waitForFrame(std::unique_lock<std::mutex>& lock)
     for (;;) {
         const bool running = m_clock.running() && !m_ending;
         const std::int64_t due = m_pacer.framesDue(m_clock, CaptureClock::now());
-        const std::int64_t passed = running ? due - 1 : due;
-        if (passed > m_counts.frames) {
-            if (running)
-                m_counts.dropped += passed - m_counts.frames;
-            m_counts.frames = passed;
-        }
+        if (running)
+            dropFramesUntil(due - 1);
+        else
+            m_counts.frames = std::max(m_counts.frames, due);
         if (m_ending)
             return false;
         if (running && due > m_counts.frames && !m_fileEnded)
@@ -272,6 +161,15 @@ bool Recording::waitForFrame(std::unique_lock<std::mutex>& lock)
         else
             m_grabWakes.wait(lock);
     }
+}
+
+/// The frames before @p frame that have no picture yet get none any more.
+void Recording::dropFramesUntil(std::int64_t frame)
+{
+    if (frame <= m_counts.frames)
+        return;
+    m_counts.dropped += frame - m_counts.frames;
+    m_counts.frames = frame;
 }
 
 void Recording::queuePicture(SharedPicture picture, std::int64_t frame, std::int64_t changedPixels)
@@ -284,30 +182,32 @@ void Recording::queuePicture(SharedPicture picture, std::int64_t frame, std::int
 
 void Recording::write()
 {
-    Filer filer;
-    if (openFile(filer)) {
+    if (auto file = openFile()) {
+        TimelineWriter writer(std::move(file));
         std::unique_ptr<SoundSource> sound;
         base::skipFailures(
             [&] {
                 sound = m_ports.openSound();
                 sound->start(*this);
             },
-            [&] { fill(filer); });
+            [&] { fill(writer); });
         endFile();
         if (sound)
             base::skipFailures([&] { sound->stop(); });
-        filer.close();
+        writer.close();
     }
     const std::lock_guard lock(m_mutex);
     m_writerDone = true;
     m_callerWakes.notify_one();
 }
 
-bool Recording::openFile(Filer& filer)
+/// Null when the file can't be written.
+std::unique_ptr<MediaWriter> Recording::openFile()
 {
+    std::unique_ptr<MediaWriter> file;
     std::exception_ptr failure;
     try {
-        filer.open(m_ports, m_format);
+        file = m_ports.openWriter(m_format);
     } catch (const std::exception&) {
         failure = std::current_exception();
     }
@@ -316,47 +216,43 @@ bool Recording::openFile(Filer& filer)
     m_openFailure = failure;
     m_fileEnded = failure != nullptr;
     m_callerWakes.notify_one();
-    return !failure;
+    return file;
 }
 
 /// Fails when the file can't be continued.
-void Recording::fill(Filer& filer)
+void Recording::fill(TimelineWriter& writer)
 {
     std::optional<CaptureClock::time_point> soundDeadline;
     for (;;) {
-        Delivery delivery = nextDelivery(soundDeadline ? kLastSoundInterval : kWriteInterval);
-        filer.write(delivery);
-        filer.flush();
-        const bool last = delivery.last;
-        const RecordedTime recorded = delivery.clock.recordedAt(CaptureClock::now());
-        if (!last)
+        const Delivery delivery = nextDelivery(soundDeadline ? WaitsFor::lastSound : WaitsFor::pictures);
+        const auto now = CaptureClock::now();
+        writer.write(delivery, now);
+        writer.flush(now);
+        if (!delivery.last)
             continue;
         if (!soundDeadline)
-            soundDeadline = CaptureClock::now() + kLastSoundPatience;
-        if (filer.hasSoundUntil(recorded) || CaptureClock::now() >= *soundDeadline) {
-            filer.fillSound(recorded);
+            soundDeadline = now + kLastSoundPatience;
+        const RecordedTime recorded = delivery.clock.recordedAt(now);
+        if (writer.hasSoundUntil(recorded) || now >= *soundDeadline) {
+            writer.fillSound(recorded);
             return;
         }
     }
 }
 
-Recording::Delivery Recording::nextDelivery(CaptureClock::duration patience)
+Delivery Recording::nextDelivery(WaitsFor what)
 {
     std::unique_lock lock(m_mutex);
-    // At the end there is nothing to wait for but sound, which wakes nobody.
-    const auto ready = [&] {
-        return !m_pictures.empty() || (m_ending && m_grabDone && patience == kWriteInterval);
-    };
-    m_writerWakes.wait_for(lock, patience, ready);
+    if (what == WaitsFor::pictures)
+        m_writerWakes.wait_for(lock, kWriteInterval,
+                               [&] { return !m_pictures.empty() || (m_ending && m_grabDone); });
+    else
+        m_writerWakes.wait_for(lock, kLastSoundInterval, [&] { return !m_pictures.empty(); });
 
     const auto now = CaptureClock::now();
     const bool grabberHangs = m_ending && !m_grabDone && now >= m_endBegan + kGrabPatience;
     const bool last = m_ending && (m_grabDone || grabberHangs);
-    const std::int64_t due = m_pacer.framesDue(m_clock, last ? now : now - kGrabPatience);
-    if (due > m_counts.frames) {
-        m_counts.dropped += due - m_counts.frames;
-        m_counts.frames = due;
-    }
+    dropFramesUntil(m_pacer.framesDue(m_clock, last ? now : now - kGrabPatience));
 
     Delivery delivery{std::exchange(m_pictures, {}), std::exchange(m_sound, {}), m_clock, m_counts.frames,
                       last};

@@ -5,7 +5,7 @@
 #include "capture/frame_pacer.h"
 #include "capture/picture_pool.h"
 #include "capture/segment_clock.h"
-#include "capture/sound_synchroniser.h"
+#include "capture/timeline_writer.h"
 
 #include <condition_variable>
 #include <cstdint>
@@ -58,33 +58,18 @@ class Recording : public SoundSink, public std::enable_shared_from_this<Recordin
     void takeSound(CaptureClock::time_point firstSample, std::span<const float> samples) override;
 
   private:
-    struct NumberedPicture {
-        std::int64_t frame = 0;
-        SharedPicture picture{};
-        std::int64_t changedPixels = 0;
-    };
-    struct SoundChunk {
-        CaptureClock::time_point firstSample{};
-        std::vector<float> samples{};
-    };
-    /// What the writer thread takes over in one go.
-    struct Delivery {
-        std::deque<NumberedPicture> pictures{};
-        std::vector<SoundChunk> sound{};
-        SegmentClock clock{};
-        std::int64_t frames = 0;
-        bool last = false;
-    };
-    class Grabber;
-    class Filer;
+    /// What the writer thread waits for: pictures, or at the end, when there are no more, the sound of the
+    /// last moments, which wakes nobody.
+    enum class WaitsFor { pictures, lastSound };
 
     void grab();
     bool waitForFrame(std::unique_lock<std::mutex>& lock);
+    void dropFramesUntil(std::int64_t frame);
     void queuePicture(SharedPicture picture, std::int64_t frame, std::int64_t changedPixels);
     void write();
-    bool openFile(Filer& filer);
-    void fill(Filer& filer);
-    Delivery nextDelivery(CaptureClock::duration patience);
+    std::unique_ptr<MediaWriter> openFile();
+    void fill(TimelineWriter& writer);
+    Delivery nextDelivery(WaitsFor what);
     void endFile();
 
     const CapturePorts m_ports;

@@ -35,6 +35,11 @@ struct FakeScreen {
         const std::lock_guard lock(mutex);
         return lastRegion;
     }
+    capture::PointerDrawing pointerSeen()
+    {
+        const std::lock_guard lock(mutex);
+        return lastPointer;
+    }
 };
 
 class FakeScreenSource : public capture::ScreenSource {
