@@ -23,6 +23,7 @@ struct FileDialogSetup {
     std::string Filter{};
 };
 
+/// The dialogs of files, fonts and printing, as the engine leaves them.
 struct DrawingDialogs {
     FileDialogSetup cdlSave{
         .DialogTitle = "Save As", .FileName = "*.brg", .Filter = "Bitmap Files (*.bmp) |*.bmp"};

@@ -11,7 +11,6 @@
 #include <cstdint>
 #include <exception>
 #include <stdexcept>
-#include <utility>
 #include <variant>
 #include <vector>
 

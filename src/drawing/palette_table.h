@@ -19,7 +19,7 @@ struct ColourCell {
 
 inline constexpr int kColourCells = 26;
 inline constexpr TwipsSize kColourCellSize{255, 255};
-/// The one cell that shows the desktop's colour for the inside of windows; the form sets it to what that is.
+/// The one cell that shows the colour that windows have inside; the form sets it to what that is.
 inline constexpr int kSystemWindowCell = 1;
 
 /// In the order of their indices. The frame's height shows those at top 240 only: black, blue, green and red.

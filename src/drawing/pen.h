@@ -16,6 +16,7 @@ struct Ink {
     RasterOperation operation = RasterOperation::copyPen;
 };
 
+/// What lines and outlines are drawn with.
 struct Pen {
     Ink ink;
     /// In pixels, at least 1; 1 where the style is dotted.

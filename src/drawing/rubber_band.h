@@ -18,6 +18,7 @@ enum class BandStart { silent, line };
 /// Whether moves bring the screen up to date: what goes through the device context isn't seen otherwise.
 enum class BandScreen { asDrawn, refreshed };
 
+/// A shape that a drag draws, as moveBand() and releaseBand() take it.
 struct BandShape {
     DraggedShape constraint;
     BandStart start;

@@ -9,6 +9,7 @@
 
 namespace quillora::drawing {
 
+/// A font as the text tool asks for it.
 struct TextFont {
     std::string name = "Verdana";
     double sizePoints = 14.25;
@@ -20,6 +21,7 @@ struct TextFont {
     bool operator==(const TextFont&) const = default;
 };
 
+/// In pixels.
 struct TextSize {
     int width = 0;
     int height = 0;

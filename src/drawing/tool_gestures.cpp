@@ -12,7 +12,6 @@
 #include "drawing/tool_cursor.h"
 
 #include <array>
-#include <cstdint>
 #include <limits>
 
 namespace quillora::drawing {
