@@ -2,6 +2,7 @@
 // to PDF with LibreOffice and painting that with pdftoppm, at the same picture size. Both in turn, so that
 // whatever else the machine is doing weighs on both; the ratio of the medians is what counts.
 
+#include "bench/statistics.h"
 #include "deck/platform/libreoffice/libreoffice_converter.h"
 #include "deck/platform/libreoffice/office_location.h"
 #include "tests/support/child_process.h"
@@ -24,6 +25,7 @@ namespace fs = std::filesystem;
 using namespace quillora;
 using namespace quillora::deck;
 using namespace quillora::deck::libreoffice;
+using bench::median;
 using tests::TemporaryFolder;
 
 double secondsOf(const std::function<void()>& work)
@@ -31,12 +33,6 @@ double secondsOf(const std::function<void()>& work)
     const auto start = std::chrono::steady_clock::now();
     work();
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 
 /// All that an import asks for, from the application to the last export.

@@ -9,6 +9,7 @@
 // 95th percentile of the first is above 2 ms.
 
 #include "app/drawing_parts.h"
+#include "bench/statistics.h"
 #include "forms/drawing_palette.h"
 #include "forms/look.h"
 #include "forms/paint_canvas_widget.h"
@@ -62,9 +63,8 @@ struct Spread {
 
 Spread spreadOf(std::vector<double> times)
 {
-    std::sort(times.begin(), times.end());
-    const auto at = [&](double share) { return times[std::size_t(share * double(times.size() - 1))]; };
-    return {at(0.5), at(0.95), times.back()};
+    std::ranges::sort(times);
+    return {bench::percentile(times, 0.5), bench::percentile(times, 0.95), times.back()};
 }
 
 /// Until the display has done all that it was told.

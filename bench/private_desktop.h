@@ -74,10 +74,4 @@ class HandsAndEyes {
     xcb_window_t m_root = 0;
 };
 
-/// The value that @p share of the values, which are sorted and not none, do not exceed.
-inline double percentile(const std::vector<double>& sorted, double share)
-{
-    return sorted[std::min(sorted.size() - 1, std::size_t(share * double(sorted.size())))];
-}
-
 } // namespace quillora::bench

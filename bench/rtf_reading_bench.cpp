@@ -6,6 +6,7 @@
 // languages. unrtf makes plain text of it ("unrtf --text"); its start is in its time, some milliseconds.
 // Prints the median of each and the ratio; the ratio is left out where unrtf isn't installed.
 
+#include "bench/statistics.h"
 #include "panels/rtf_reader.h"
 #include "panels/rtf_writer.h"
 #include "tests/support/child_process.h"
@@ -21,6 +22,7 @@
 #include <vector>
 
 using namespace quillora;
+using bench::median;
 using Clock = std::chrono::steady_clock;
 
 namespace {
@@ -65,12 +67,6 @@ double millisecondsOf(auto&& work)
     const auto start = Clock::now();
     work();
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-double median(std::vector<double> times)
-{
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
 }
 
 } // namespace

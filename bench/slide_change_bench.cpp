@@ -9,6 +9,7 @@
 // and exits with 1 when a change was not seen within two seconds.
 
 #include "bench/private_desktop.h"
+#include "bench/statistics.h"
 #include "deck/slide_viewer.h"
 #include "deck/task_pane.h"
 #include "forms/look.h"

@@ -9,6 +9,7 @@
 // two seconds.
 
 #include "bench/private_desktop.h"
+#include "bench/statistics.h"
 #include "deck/slide_pen.h"
 #include "forms/image_surface_widget.h"
 #include "forms/look.h"

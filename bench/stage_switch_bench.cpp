@@ -8,6 +8,7 @@
 // figures, and exits with 1 when the 95th percentile is above the limit.
 
 #include "app/stage_parts.h"
+#include "bench/statistics.h"
 #include "deck/slide_viewer.h"
 #include "deck/task_pane.h"
 #include "forms/look.h"
@@ -161,8 +162,8 @@ int main(int argc, char** argv)
     forms::applyLook(application);
     Bench bench;
     const auto times = bench.run(rounds);
-    const double p95 = times[times.size() * 95 / 100];
+    const double p95 = bench::percentile(times, 0.95);
     std::printf("switch: median %.1f ms, p95 %.1f ms, most %.1f ms of %zu (wanted: p95 at most %.0f)\n",
-                times[times.size() / 2], p95, times.back(), times.size(), kMaximumMilliseconds);
+                bench::percentile(times, 0.5), p95, times.back(), times.size(), kMaximumMilliseconds);
     return p95 <= kMaximumMilliseconds ? 0 : 1;
 }
