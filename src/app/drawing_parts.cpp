@@ -39,7 +39,7 @@ DrawingParts::DrawingParts(const DrawingForms& forms, const std::filesystem::pat
       m_engine(m_canvas, {m_text, m_random, m_assets, forms.picPaint, m_colourDialog})
 {
     m_canvas.lblColor.at(drawing::kSystemWindowCell) =
-        forms::drawingColour(QGuiApplication::palette().color(QPalette::Base));
+        forms::toColour(QGuiApplication::palette().color(QPalette::Base));
     forms.picPaint.setSurface(&m_canvas.surface());
     forms.picPaint.picSelect().setSurface(&m_canvas.picSelect.surface);
     takeCanvasSize();

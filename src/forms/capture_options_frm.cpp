@@ -50,8 +50,6 @@ QFont digitFont()
     return font;
 }
 
-QString text(std::string_view utf8) { return QString::fromUtf8(utf8.data(), qsizetype(utf8.size())); }
-
 /// Names a control, and puts a label beside it.
 void labelled(QWidget* control, const char* name, const QString& text)
 {
@@ -293,10 +291,10 @@ void CaptureOptions_frm::showUnreachable(const session::OptionControls& controls
 
 void CaptureOptions_frm::showCaptions(session::Language language)
 {
-    setWindowTitle(text(session::optionCaption("CaptureOptions_frm", language)));
+    setWindowTitle(QString::fromUtf8(session::optionCaption("CaptureOptions_frm", language)));
     setAccessibleName(windowTitle());
     for (const auto& control : m_captioned)
-        control.setText(text(session::optionCaption(control.control, language)));
+        control.setText(QString::fromUtf8(session::optionCaption(control.control, language)));
     setLayoutDirection(language == session::Language::arabic ? Qt::RightToLeft : Qt::LeftToRight);
 }
 

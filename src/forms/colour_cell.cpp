@@ -35,7 +35,7 @@ void ColourCell::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.fillRect(rect(), hasFocus() ? colours::kAccent : colours::kMutedText);
     const int rim = hasFocus() ? 2 : 1;
-    painter.fillRect(rect().adjusted(rim, rim, -rim, -rim), formColour(m_colour));
+    painter.fillRect(rect().adjusted(rim, rim, -rim, -rim), toQColor(m_colour));
 }
 
 void ColourCell::mousePressEvent(QMouseEvent* event)

@@ -1,5 +1,6 @@
 #include "forms/colour_swatch.h"
 
+#include "forms/form_colour.h"
 #include "forms/look.h"
 
 #include <QKeyEvent>
@@ -31,8 +32,7 @@ void ColourSwatch::paintEvent(QPaintEvent*)
     const bool isMarked = hasFocus() || underMouse();
     painter.fillRect(rect(), isMarked ? colours::kAccent : colours::kLine);
     painter.fillRect(rect().adjusted(1, 1, -1, -1), colours::kSurface);
-    painter.fillRect(rect().adjusted(2, 2, -2, -2),
-                     QColor(base::redOf(m_colour), base::greenOf(m_colour), base::blueOf(m_colour)));
+    painter.fillRect(rect().adjusted(2, 2, -2, -2), toQColor(m_colour));
 }
 
 } // namespace quillora::forms

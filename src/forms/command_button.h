@@ -23,6 +23,7 @@ class CommandButton : public QToolButton {
     bool event(QEvent* event) override;
 };
 
+/// A row of the table of a toolbar.
 struct ToolbarButton {
     const char* key;
     const char* iconName;

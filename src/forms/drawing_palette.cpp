@@ -70,28 +70,8 @@ QWidget* DrawingPalette::makeTools()
     frame->setAccessibleName(tr("Tools"));
     place(*frame, drawing::kToolsFramePosition, drawing::kToolsFrameSize);
 
-    for (int id = 0; id < drawing::kToolCount; ++id) {
-        const auto& tool = drawing::kTools[std::size_t(id)];
-        const QString name = QString::fromUtf8(tool.toolTip.data(), qsizetype(tool.toolTip.size()));
-        auto* button =
-            new CommandButton(CommandButton::Face::iconOnly,
-                              QStringLiteral("tool_") + kToolIcons[std::size_t(id)], {}, name, frame);
-        button->setObjectName(QStringLiteral("optTools_%1").arg(id));
-        button->setToolTip(name);
-        button->setCheckable(true);
-        button->setVisible(tool.visible);
-        place(*button, tool.position, drawing::kToolButtonSize);
-        keepTabFromTheHidden(*button);
-        m_tools[std::size_t(id)] = button;
-        // The press is the choice: the canvas has the focus before the button comes up.
-        connect(button, &QToolButton::pressed, this, [this, id] { chooseTool(id); });
-        connect(button, &QToolButton::clicked, this, [this, id] { showTool(id); });
-        // Screen readers turn a button without pressing it.
-        connect(button, &QToolButton::toggled, this, [this, id](bool checked) {
-            if (checked != (id == m_shownTool))
-                chooseTool(id);
-        });
-    }
+    for (int id = 0; id < drawing::kToolCount; ++id)
+        m_tools[std::size_t(id)] = makeToolButton(id, frame);
     showTool(drawing::toolId(drawing::Tool::pencil));
 
     auto* clear =
@@ -101,6 +81,35 @@ QWidget* DrawingPalette::makeTools()
     place(*clear, drawing::kClearButtonPosition, drawing::kToolButtonSize);
     connect(clear, &QToolButton::clicked, this, &DrawingPalette::Command2_Click);
 
+    makeOptionFrames(frame);
+    return frame;
+}
+
+CommandButton* DrawingPalette::makeToolButton(int id, QWidget* frame)
+{
+    const auto& tool = drawing::kTools[std::size_t(id)];
+    const QString name = QString::fromUtf8(tool.toolTip);
+    auto* button = new CommandButton(CommandButton::Face::iconOnly,
+                                     QStringLiteral("tool_") + kToolIcons[std::size_t(id)], {}, name, frame);
+    button->setObjectName(QStringLiteral("optTools_%1").arg(id));
+    button->setToolTip(name);
+    button->setCheckable(true);
+    button->setVisible(tool.visible);
+    place(*button, tool.position, drawing::kToolButtonSize);
+    keepTabFromTheHidden(*button);
+    // The press is the choice: the canvas has the focus before the button comes up.
+    connect(button, &QToolButton::pressed, this, [this, id] { chooseTool(id); });
+    connect(button, &QToolButton::clicked, this, [this, id] { showTool(id); });
+    // Screen readers turn a button without pressing it.
+    connect(button, &QToolButton::toggled, this, [this, id](bool checked) {
+        if (checked != (id == m_shownTool))
+            chooseTool(id);
+    });
+    return button;
+}
+
+void DrawingPalette::makeOptionFrames(QWidget* frame)
+{
     m_widths = new WidthGridFrame(frame);
     m_widths->move(pixels({drawing::kWidthGridPosition.Left}), pixels({drawing::kWidthGridPosition.Top}));
     m_widths->hide();
@@ -109,7 +118,6 @@ QWidget* DrawingPalette::makeTools()
     m_fillings->move(pixels({drawing::kFillColumnPosition.Left}), pixels({drawing::kFillColumnPosition.Top}));
     m_fillings->hide();
     connect(m_fillings, &PointerArea::MouseDown, this, &DrawingPalette::fraOptFill_MouseDown);
-    return frame;
 }
 
 void DrawingPalette::chooseTool(int id)
@@ -166,9 +174,7 @@ void DrawingPalette::makeSheets()
     for (const drawing::Sheet sheet :
          {drawing::Sheet::blank, drawing::Sheet::grid, drawing::Sheet::xyAxis, drawing::Sheet::squares}) {
         const auto& described = drawing::background(sheet);
-        const auto text = [](std::string_view words) {
-            return QString::fromUtf8(words.data(), qsizetype(words.size()));
-        };
+        const auto text = [](std::string_view words) { return QString::fromUtf8(words); };
         auto* option = new OptionButton(text(described.caption), text(described.caption), this);
         option->setObjectName(text(described.option));
         option->setChecked(sheet == drawing::Sheet::blank);

@@ -42,6 +42,8 @@ class DrawingPalette : public QWidget {
 
   private:
     QWidget* makeTools();
+    CommandButton* makeToolButton(int id, QWidget* frame);
+    void makeOptionFrames(QWidget* frame);
     void makeColours();
     void makeSheets();
     void chooseTool(int id);

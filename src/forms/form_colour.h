@@ -1,20 +1,20 @@
 #pragma once
 
-#include "drawing/colour.h"
+#include "base/colour.h"
 
 #include <QColor>
 
 namespace quillora::forms {
 
-/// The toolkit's colour for one of the drawing board's, and back.
-inline QColor formColour(drawing::Colour colour)
+/// The toolkit's colour for one of ours, and back.
+inline QColor toQColor(base::Colour colour)
 {
-    return {drawing::redOf(colour), drawing::greenOf(colour), drawing::blueOf(colour)};
+    return {base::redOf(colour), base::greenOf(colour), base::blueOf(colour)};
 }
 
-inline drawing::Colour drawingColour(const QColor& colour)
+inline base::Colour toColour(const QColor& colour)
 {
-    return drawing::rgb(colour.red(), colour.green(), colour.blue());
+    return base::rgb(colour.red(), colour.green(), colour.blue());
 }
 
 } // namespace quillora::forms

@@ -1,6 +1,7 @@
 #include "forms/image_surface_widget.h"
 
 #include "base/skip_failures.h"
+#include "forms/form_colour.h"
 #include "forms/input_values.h"
 #include "forms/picture_file.h"
 
@@ -100,10 +101,7 @@ void ImageSurfaceWidget::NewImage(int width, int height)
     pictureChanged();
 }
 
-void ImageSurfaceWidget::setPenColor(base::Colour colour)
-{
-    m_pen.setColor(QColor(base::redOf(colour), base::greenOf(colour), base::blueOf(colour)));
-}
+void ImageSurfaceWidget::setPenColor(base::Colour colour) { m_pen.setColor(toQColor(colour)); }
 
 void ImageSurfaceWidget::setPenWidth(int pixels)
 {

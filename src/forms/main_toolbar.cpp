@@ -76,7 +76,7 @@ MainToolbar::MainToolbar(QWidget* parent) : QWidget(parent)
 
 void MainToolbar::setButtonVisible(std::string_view key, bool visible)
 {
-    if (QWidget* place = m_places.value(QString::fromUtf8(key.data(), qsizetype(key.size()))))
+    if (QWidget* place = m_places.value(QString::fromUtf8(key)))
         place->setVisible(visible);
 }
 

@@ -6,7 +6,6 @@
 #include "forms/pens_toolbar.h"
 
 #include <QFrame>
-#include <QGridLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 

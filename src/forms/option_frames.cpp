@@ -27,8 +27,8 @@ class OptionShapeWidget : public QWidget {
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
-        painter.setPen(formColour(m_state.BorderColor));
-        painter.setBrush(formColour(m_state.FillColor));
+        painter.setPen(toQColor(m_state.BorderColor));
+        painter.setBrush(toQColor(m_state.FillColor));
         const QRect shape = rect().adjusted(0, 0, -1, -1);
         if (m_form == Form::dot)
             painter.drawEllipse(shape);

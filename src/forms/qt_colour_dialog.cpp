@@ -8,12 +8,12 @@ namespace quillora::forms {
 
 void QtColourDialog::ShowColor()
 {
-    QColorDialog dialog(formColour(Color), &m_owner);
+    QColorDialog dialog(toQColor(Color), &m_owner);
     dialog.setObjectName("cdlColor");
     dialog.setWindowTitle(QColorDialog::tr("Colour"));
     dialog.setOption(QColorDialog::DontUseNativeDialog);
     if (dialog.exec() == QDialog::Accepted)
-        Color = drawingColour(dialog.currentColor());
+        Color = toColour(dialog.currentColor());
 }
 
 } // namespace quillora::forms

@@ -15,7 +15,7 @@ namespace {
 
 QString oneLine(std::string_view text)
 {
-    QString line = QString::fromUtf8(text.data(), qsizetype(text.size()));
+    QString line = QString::fromUtf8(text);
     std::replace_if(
         line.begin(), line.end(), [](QChar letter) { return letter.unicode() < u' '; }, QChar(u' '));
     return line;

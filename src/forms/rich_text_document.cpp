@@ -2,6 +2,7 @@
 
 #include "base/rounding.h"
 #include "base/twips.h"
+#include "forms/form_colour.h"
 #include "panels/html_cost.h"
 
 #include <QMap>
@@ -164,8 +165,7 @@ QTextCharFormat toToolkit(const panels::CharacterFormat& format)
     QTextCharFormat made;
     made.setFontFamilies(families);
     made.setFontPointSize(format.size.value / base::kTwipsPerPoint);
-    made.setForeground(
-        QColor(base::redOf(format.colour), base::greenOf(format.colour), base::blueOf(format.colour)));
+    made.setForeground(toQColor(format.colour));
     made.setFontWeight(format.bold ? QFont::Bold : QFont::Normal);
     made.setFontItalic(format.italic);
     made.setFontUnderline(format.underline);
@@ -177,10 +177,8 @@ panels::CharacterFormat fromToolkit(const QTextCharFormat& format)
     panels::CharacterFormat made;
     made.font = fontName(format);
     made.size = fontSize(format);
-    if (format.foreground().style() == Qt::SolidPattern) {
-        const QColor colour = format.foreground().color();
-        made.colour = base::rgb(colour.red(), colour.green(), colour.blue());
-    }
+    if (format.foreground().style() == Qt::SolidPattern)
+        made.colour = toColour(format.foreground().color());
     made.bold = format.fontWeight() > QFont::Medium;
     made.italic = format.fontItalic();
     made.underline = format.fontUnderline();

@@ -2,8 +2,6 @@
 
 #include <QAbstractButton>
 
-#include <filesystem>
-
 namespace quillora::forms {
 
 class ImageSurfaceWidget;

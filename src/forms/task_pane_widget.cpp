@@ -32,8 +32,6 @@ QString iconOf(const QString& key)
     return QStringLiteral("more");
 }
 
-QString qtText(std::string_view text) { return QString::fromUtf8(text.data(), qsizetype(text.size())); }
-
 } // namespace
 
 TaskPaneWidget::TaskPaneWidget(QWidget* parent) : QScrollArea(parent)
@@ -82,7 +80,7 @@ void TaskPaneWidget::clear()
 
 void TaskPaneWidget::addBar(std::string_view bar, std::string_view caption)
 {
-    const QString key = qtText(bar);
+    const QString key = QString::fromUtf8(bar);
     auto* added = new TaskPaneBar(key, tr(std::string(caption).c_str()), iconOf(key), widget());
     m_column->insertWidget(m_column->count() - 1, added);
     m_bars.append(added);
@@ -93,7 +91,7 @@ void TaskPaneWidget::addBar(std::string_view bar, std::string_view caption)
 TaskPaneBar& TaskPaneWidget::barAt(std::string_view key) const
 {
     for (TaskPaneBar* bar : m_bars)
-        if (bar->key() == qtText(key))
+        if (bar->key() == QString::fromUtf8(key))
             return *bar;
     throw std::out_of_range("the task pane shows no bar " + std::string(key));
 }
@@ -107,16 +105,16 @@ void TaskPaneWidget::addLink(std::string_view bar, std::string_view item, std::s
 {
     const std::string key(item);
     const QString text = tr(std::string(caption).c_str());
-    auto* link =
-        new CommandButton(CommandButton::Face::iconAndCaption, iconOf(qtText(item)), text, text, this);
-    link->setObjectName("ebDemo_" + qtText(item));
+    auto* link = new CommandButton(CommandButton::Face::iconAndCaption, iconOf(QString::fromUtf8(item)), text,
+                                   text, this);
+    link->setObjectName("ebDemo_" + QString::fromUtf8(item));
     connect(link, &QToolButton::clicked, this, [this, key] { emit ItemClick(key); });
     barAt(bar).addToBody(link);
 }
 
 void TaskPaneWidget::addControl(std::string_view bar, std::string_view, std::string_view control)
 {
-    QWidget* panel = m_panels.value(qtText(control));
+    QWidget* panel = m_panels.value(QString::fromUtf8(control));
     if (panel == nullptr)
         throw std::out_of_range("the task pane keeps no control " + std::string(control));
     barAt(bar).addToBody(panel);

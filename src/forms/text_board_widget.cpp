@@ -3,6 +3,7 @@
 #include "base/rounding.h"
 #include "base/skip_failures.h"
 #include "base/twips.h"
+#include "forms/form_colour.h"
 #include "forms/input_values.h"
 #include "forms/rich_text_document.h"
 #include "panels/rtf_reader.h"
@@ -176,7 +177,7 @@ std::optional<base::Colour> TextBoardWidget::SelColor() const
 void TextBoardWidget::setSelColor(base::Colour colour)
 {
     QTextCharFormat format;
-    format.setForeground(QColor(base::redOf(colour), base::greenOf(colour), base::blueOf(colour)));
+    format.setForeground(toQColor(colour));
     mergeFormat(format);
 }
 

@@ -42,8 +42,8 @@ void TextToolBox::showState(const drawing::DrawingTextBox& box)
     if (const QFont wanted = formFont(box.Font); font() != wanted)
         setFont(wanted);
     QPalette look = palette();
-    look.setColor(QPalette::Base, formColour(box.BackColor));
-    look.setColor(QPalette::Text, formColour(box.ForeColor));
+    look.setColor(QPalette::Base, toQColor(box.BackColor));
+    look.setColor(QPalette::Text, toQColor(box.ForeColor));
     if (look != palette())
         setPalette(look);
 }

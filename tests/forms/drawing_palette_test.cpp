@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QColorDialog>
+#include <QPalette>
 #include <QRadioButton>
 #include <QTimer>
 
@@ -44,6 +45,21 @@ class DrawingPaletteTest : public tests::DrawingFormTest {
         timer->start(20);
     }
 };
+
+/// Windows whose inside is of another colour than white.
+struct CreamWindows {
+    CreamWindows()
+    {
+        QPalette cream = before;
+        cream.setColor(QPalette::Base, QColor(0xFF, 0xFA, 0xDC));
+        QApplication::setPalette(cream);
+    }
+    ~CreamWindows() { QApplication::setPalette(before); }
+
+    const QPalette before = QApplication::palette();
+};
+
+class DrawingPaletteOfCreamWindowsTest : CreamWindows, public DrawingPaletteTest {};
 
 } // namespace
 
@@ -99,9 +115,9 @@ TEST_F(DrawingPaletteTest, ShowsFourColoursOfTwentySix)
     EXPECT_TRUE(isSeen("lblFillColor"));
 }
 
-TEST_F(DrawingPaletteTest, ShowsTheDesktopsWindowColourInItsCell)
+TEST_F(DrawingPaletteOfCreamWindowsTest, ShowsTheirColourInItsCell)
 {
-    EXPECT_EQ(find<forms::ColourCell>("lblColor_1")->colour(), drawing::kWhite);
+    EXPECT_EQ(find<forms::ColourCell>("lblColor_1")->colour(), drawing::rgb(0xFF, 0xFA, 0xDC));
 }
 
 TEST_F(DrawingPaletteTest, HasTheSheetsAtTheirPlacesAndTheSquaresBelowItsEdge)

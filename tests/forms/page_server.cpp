@@ -38,9 +38,9 @@ void PageServer::servePage(const std::string& path, const QByteArray& body)
                          body + "</body></html>"});
 }
 
-bool PageServer::wasAsked(const std::string& target) const
+int PageServer::timesAsked(const std::string& target) const
 {
-    return std::ranges::any_of(m_requests, [&](const Request& request) { return request.target == target; });
+    return int(std::ranges::count(m_requests, target, &Request::target));
 }
 
 void PageServer::take(QTcpSocket& socket)

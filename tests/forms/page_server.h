@@ -42,7 +42,8 @@ class PageServer : public QObject {
     void servePage(const std::string& path, const QByteArray& body);
 
     const std::vector<Request>& requests() const { return m_requests; }
-    bool wasAsked(const std::string& target) const;
+    int timesAsked(const std::string& target) const;
+    bool wasAsked(const std::string& target) const { return timesAsked(target) > 0; }
     /// Whether a page has told @p what: the function told('...') of a page that was served by servePage.
     bool wasTold(const std::string& what) const { return wasAsked("/told?" + what); }
     int openConnections() const { return m_open; }

@@ -1,27 +1,20 @@
-#include "app/review_parts.h"
-
+#include "forms/preview_frm.h"
 #include "forms/review_player.h"
-#include "session/platform/zip/libzip_reader.h"
-#include "session/platform/zip/libzip_writer.h"
 #include "tests/forms/form_fixture.h"
-#include "tests/support/call_log.h"
-#include "tests/support/fake_common_dialog.h"
-#include "tests/support/file_contents.h"
+#include "tests/forms/review_videos.h"
 #include "tests/support/private_sound_server.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QTest>
-#include <QTimer>
 
 #include <algorithm>
 #include <csignal>
 #include <cstring>
 #include <set>
-#include <sstream>
+#include <string>
 #include <vector>
 
 using namespace quillora;
@@ -31,35 +24,9 @@ using tests::waitUntil;
 
 namespace {
 
-/// Of a kind that this program records: three seconds of red, then three of blue, with a tone.
-void makeVideo(const std::filesystem::path& path)
-{
-    ASSERT_EQ(
-        tests::runToEnd({"ffmpeg", "-v", "error", "-y", "-f", "lavfi", "-i",
-                         "color=red:s=746x420:r=24:d=3[a];color=blue:s=746x420:r=24:d=3[b];[a][b]concat",
-                         "-f", "lavfi", "-i", "sine=440:d=6", "-c:v", "wmv2", "-c:a", "wmav2", "-f", "asf",
-                         path.string()}),
-        0);
-}
-
-/// The processes that this one has started and not yet buried.
-std::vector<int> children()
-{
-    std::vector<int> found;
-    for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
-        std::istringstream list(tests::readFile(task.path() / "children"));
-        for (int child = 0; list >> child;) {
-            const auto command = tests::readFile("/proc/" + std::to_string(child) + "/cmdline");
-            if (command.find("quillora-review-player") != std::string::npos)
-                found.push_back(child);
-        }
-    }
-    return found;
-}
-
 class ReviewForm : public tests::FormTest {
   protected:
-    ReviewForm() { makeVideo(video); }
+    ReviewForm() { tests::makeVideo(video); }
 
     void showDialog()
     {
@@ -187,8 +154,8 @@ TEST_F(ReviewForm, FillsTheScreenAndComesBackByEscape)
     EXPECT_TRUE(
         waitUntil([&] { return control<QWidget>("video_screen")->width() == QUILLORA_TEST_SCREEN_WIDTH; }));
     EXPECT_TRUE(waitUntil([&] {
-        return probe.grab({4, 500, 1, 1}).pixelColor(0, 0).red() > 180 ||
-               probe.grab({4, 500, 1, 1}).pixelColor(0, 0).blue() > 180;
+        const QColor edge = probe.grab({4, 500, 1, 1}).pixelColor(0, 0);
+        return (edge.red() > 180 && edge.blue() < 80) || (edge.blue() > 180 && edge.red() < 80);
     }));
     EXPECT_FALSE(control<QWidget>("Command3")->isVisible());
     type("Escape");
@@ -221,7 +188,7 @@ TEST_F(ReviewForm, HasAPlayerThatIsIdleAndCostsNothingBeforeItsFirstVideo)
 {
     showDialog();
     EXPECT_TRUE(idle());
-    EXPECT_TRUE(children().empty());
+    EXPECT_TRUE(tests::reviewPlayers().empty());
     EXPECT_EQ(control<QLabel>("player_time")->text(), "0:00 / 0:00");
     EXPECT_EQ(shown(), QColor(Qt::black));
     EXPECT_FALSE(control<QWidget>("Command2")->isVisible());
@@ -241,7 +208,7 @@ TEST_F(ReviewForm, ShowsThePlayerNothingThatIsNoVideo)
         player().play();
         tests::settle(100);
         EXPECT_TRUE(idle()) << path;
-        EXPECT_TRUE(children().empty()) << path;
+        EXPECT_TRUE(tests::reviewPlayers().empty()) << path;
     }
 }
 
@@ -262,8 +229,8 @@ TEST_F(ReviewForm, OutlivesItsPlayer)
     showDialog();
     playVideo();
     EXPECT_TRUE(waitUntil([&] { return showsRed(); }));
-    ASSERT_EQ(children().size(), 1U);
-    ::kill(children().front(), SIGSEGV);
+    ASSERT_EQ(tests::reviewPlayers().size(), 1U);
+    ::kill(tests::reviewPlayers().front(), SIGSEGV);
     EXPECT_TRUE(waitUntil([&] { return idle(); }));
     playVideo();
     EXPECT_TRUE(waitUntil([&] { return showsRed(); }));
@@ -274,11 +241,11 @@ TEST_F(ReviewForm, ReplacesAPlayerThatHangs)
     showDialog();
     playVideo();
     EXPECT_TRUE(waitUntil([&] { return showsBlue(); }));
-    ASSERT_EQ(children().size(), 1U);
-    ::kill(children().front(), SIGSTOP);
+    ASSERT_EQ(tests::reviewPlayers().size(), 1U);
+    ::kill(tests::reviewPlayers().front(), SIGSTOP);
     playVideo();
     EXPECT_TRUE(waitUntil([&] { return showsRed() && playing(); }));
-    EXPECT_EQ(children().size(), 1U);
+    EXPECT_EQ(tests::reviewPlayers().size(), 1U);
 }
 
 TEST_F(ReviewForm, AClickPausesAndGoesOnAndTheOtherButtonsDoNothing)
@@ -392,93 +359,6 @@ TEST_F(HeardReviewForm, LetsTheVideoBeHeardAsLoudAsItsSliderSays)
     EXPECT_TRUE(waitUntil([&] { return loudness() == 0; }));
     control<QSlider>("player_volume")->setValue(100);
     EXPECT_TRUE(waitUntil([&] { return loudness() > kTone; }));
-}
-
-/// The parts as the program joins them, on a disk of their own.
-class ReviewPartsTest : public tests::FormTest {
-  protected:
-    ReviewPartsTest()
-    {
-        workspace.makeFolders();
-        makeVideo(folder.path() / "aB3dE6gH.wmv");
-        tests::writeFile(folder.path() / "version.txt", "Version");
-        session::LibzipWriter writer;
-        for (const auto* name : {"version.txt", "aB3dE6gH.wmv"})
-            writer.AddFileToZip(folder.path() / name);
-        writer.setDestinationZipFile(container);
-        writer.Zip();
-    }
-
-    /// Opens the review, and does @p act with its form once that is there.
-    void review(const std::function<void(preview_frm&)>& act)
-    {
-        QTimer poll;
-        QObject::connect(&poll, &QTimer::timeout, [&] {
-            auto* shownForm = qobject_cast<preview_frm*>(QApplication::activeModalWidget());
-            if (shownForm == nullptr || !shownForm->isVisible())
-                return;
-            poll.stop();
-            act(*shownForm);
-            shownForm->findChild<QAbstractButton*>("Command1")->click();
-        });
-        poll.start(20);
-        parts.preview();
-    }
-    static bool plays(preview_frm& shownForm)
-    {
-        return waitUntil([&] {
-            return shownForm.findChild<QAbstractButton*>("player_play")->accessibleName() == "Pause";
-        });
-    }
-
-    std::filesystem::path container = folder.path() / "lecture.asf";
-    session::SessionFields fields{};
-    session::Workspace workspace{fields, {.appData = folder.path() / "app", .localAppData = folder.path()}};
-    tests::CallLog log{};
-    tests::FakeCommonDialog CommonDialog1{log};
-    session::LibzipReaderFactory zip{};
-    app::ReviewParts parts{{.fields = fields,
-                            .workspace = workspace,
-                            .zip = zip,
-                            .CommonDialog1 = CommonDialog1,
-                            .window = form,
-                            .playerProgram = QUILLORA_REVIEW_PLAYER}};
-};
-
-TEST_F(ReviewPartsTest, PlayWhatWasSavedLast)
-{
-    fields.asf_name_lb = container.string();
-    CommonDialog1.FileName = container.string();
-    review([&](preview_frm& shownForm) {
-        EXPECT_TRUE(shownForm.isModal());
-        EXPECT_EQ(shownForm.parentWidget(), &form);
-        EXPECT_TRUE(plays(shownForm));
-    });
-    EXPECT_TRUE(waitUntil([] { return children().empty(); }));
-    EXPECT_TRUE(std::filesystem::exists(workspace.preview() / "aB3dE6gH.wmv"));
-}
-
-TEST_F(ReviewPartsTest, OpenWithAnIdlePlayerAndPlayWhatIsChosen)
-{
-    CommonDialog1.willBeCancelled();
-    CommonDialog1.willChoose(container);
-    review([&](preview_frm& shownForm) {
-        shownForm.findChild<QAbstractButton*>("Command3")->click();
-        EXPECT_FALSE(shownForm.findChild<QWidget*>("player_controls")->isEnabled());
-        shownForm.findChild<QAbstractButton*>("Command3")->click();
-        EXPECT_TRUE(plays(shownForm));
-    });
-}
-
-TEST_F(ReviewPartsTest, BeginEachReviewWithANewPlayer)
-{
-    fields.asf_name_lb = container.string();
-    CommonDialog1.FileName = container.string();
-    review([&](preview_frm& shownForm) { EXPECT_TRUE(plays(shownForm)); });
-    fields.asf_name_lb = "no_video";
-    review([&](preview_frm& shownForm) {
-        EXPECT_FALSE(shownForm.findChild<QWidget*>("player_controls")->isEnabled());
-    });
 }
 
 } // namespace

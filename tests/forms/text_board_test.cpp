@@ -1,95 +1,14 @@
-#include "tests/forms/form_fixture.h"
+#include "tests/forms/text_board_fixture.h"
 
-#include "app/text_board_parts.h"
-#include "forms/text_board_widget.h"
-#include "forms/text_panel.h"
-#include "panels/rtf_reader.h"
-#include "panels/text_board.h"
 #include "tests/support/file_contents.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QClipboard>
-#include <QMimeData>
-#include <QTest>
 #include <QTextBlock>
-#include <QTextList>
 
 #include <stdexcept>
 
 using namespace quillora;
-using forms::TextBoardWidget;
 using panels::Alignment;
-using tests::X11Probe;
-
-namespace {
-
-/// The board and its panel in a window of their own, with the commands behind them.
-class TextBoardFormTest : public testing::Test {
-  protected:
-    TextBoardFormTest()
-    {
-        window.resize(960, 440);
-        widget.setGeometry(0, 0, 747, 420);
-        panel.move(760, 10);
-        window.show();
-        shown = tests::waitUntil([&] {
-            window.activateWindow();
-            return window.isActiveWindow();
-        });
-        tests::settle(100);
-        widget.setFocus();
-    }
-
-    void type(const std::string& text)
-    {
-        EXPECT_EQ(tests::runToEnd({"xdotool", "type", text}), 0);
-        settle();
-    }
-    void key(const std::string& keys)
-    {
-        EXPECT_EQ(tests::runToEnd({"xdotool", "key", keys}), 0);
-        settle();
-    }
-    static void settle() { tests::settle(80); }
-    void click(const char* control)
-    {
-        auto* button = window.findChild<QAbstractButton*>(control);
-        ASSERT_NE(button, nullptr) << control;
-        const QPoint at = button->mapToGlobal(button->rect().center());
-        EXPECT_EQ(tests::runToEnd(
-                      {"xdotool", "mousemove", std::to_string(at.x()), std::to_string(at.y()), "click", "1"}),
-                  0);
-        settle();
-    }
-    void select(int from, int to)
-    {
-        QTextCursor cursor = widget.textCursor();
-        cursor.setPosition(from);
-        cursor.setPosition(to, QTextCursor::KeepAnchor);
-        widget.setTextCursor(cursor);
-    }
-    void paste(const std::vector<std::pair<const char*, QByteArray>>& formats)
-    {
-        auto* data = new QMimeData;
-        for (const auto& [type, contents] : formats)
-            data->setData(type, contents);
-        QApplication::clipboard()->setMimeData(data);
-        widget.paste();
-    }
-    panels::RichText contents() const { return panels::readRtf(widget.TextRTF()); }
-    QImage grab() { return probe.grab(QRect(widget.mapToGlobal(QPoint()), widget.size())); }
-
-    QWidget window;
-    TextBoardWidget widget{&window};
-    forms::TextPanel panel{&window};
-    app::TextBoardParts parts{widget, panel};
-    panels::TextBoard& board = parts.logic();
-    X11Probe probe;
-    bool shown = false;
-};
-
-} // namespace
+using tests::TextBoardFormTest;
 
 TEST_F(TextBoardFormTest, BeginsEmptyInItsLook)
 {
@@ -289,37 +208,6 @@ TEST_F(TextBoardFormTest, RefusesSizesThatNoOneCanRead)
     EXPECT_EQ(widget.SelFontSize(), 1634.25);
 }
 
-TEST_F(TextBoardFormTest, CutTakesEverythingAndTheLookButNotTheClipboard)
-{
-    ASSERT_TRUE(shown);
-    QApplication::clipboard()->setText("kept");
-    widget.setTextRTF("{\\rtf1\\qc\\b{\\pntext\\bullet}one two\\par three}");
-    select(0, 3);
-    click("text2_TB_cut");
-    EXPECT_EQ(contents(), panels::RichText());
-    EXPECT_EQ(widget.SelBold(), false);
-    EXPECT_EQ(widget.SelBullet(), false);
-    EXPECT_EQ(widget.SelAlignment(), Alignment::left);
-    EXPECT_EQ(QApplication::clipboard()->text(), "kept");
-}
-
-TEST_F(TextBoardFormTest, CutCanBeTakenBack)
-{
-    ASSERT_TRUE(shown);
-    widget.setTextRTF("{\\rtf1\\qc\\b{\\pntext\\bullet\\tab}one two\\par\\pard\\plain three}");
-    const panels::RichText before = contents();
-    click("text2_TB_cut");
-    ASSERT_EQ(widget.Text(), "");
-    key("ctrl+z");
-    const panels::RichText after = contents();
-    ASSERT_EQ(after.paragraphs.size(), before.paragraphs.size());
-    for (std::size_t i = 0; i < before.paragraphs.size(); ++i) {
-        EXPECT_EQ(after.paragraphs[i].runs, before.paragraphs[i].runs);
-        EXPECT_EQ(after.paragraphs[i].alignment, before.paragraphs[i].alignment);
-        EXPECT_EQ(after.paragraphs[i].bullet, before.paragraphs[i].bullet);
-    }
-}
-
 TEST_F(TextBoardFormTest, PropertiesRoundTrip)
 {
     const std::string office = tests::readFile(QUILLORA_RTF_SAMPLES "/formats.rtf");
@@ -345,136 +233,6 @@ TEST_F(TextBoardFormTest, RefusesWhatIsNoRtfAndKeepsWhatItHad)
     EXPECT_EQ(widget.Text(), "");
 }
 
-TEST_F(TextBoardFormTest, PastesOfRtfWhatItCanHold)
-{
-    paste({{"text/plain", "plain"},
-           {"text/html", "<i>html</i>"},
-           {"text/rtf", "{\\rtf1\\fs40\\b\\strike\\highlight3 a{\\pict 00ff}\\super b\\par\\qr c\\par}"}});
-    const panels::RichText text = contents();
-    EXPECT_EQ(panels::plainText(text), "ab\r\nc");
-    EXPECT_EQ(text.paragraphs[0].runs[0].format.size, base::Twips{400});
-    EXPECT_EQ(text.paragraphs[1].alignment, Alignment::right);
-    const QTextCharFormat format = widget.document()->firstBlock().begin().fragment().charFormat();
-    EXPECT_FALSE(format.fontStrikeOut());
-    EXPECT_EQ(format.background().style(), Qt::NoBrush);
-    EXPECT_EQ(format.verticalAlignment(), QTextCharFormat::AlignNormal);
-}
-
-TEST_F(TextBoardFormTest, PastesOfHtmlWhatItCanHold)
-{
-    paste(
-        {{"text/plain", "plain"},
-         {"text/html",
-          "<style>@import url('file:///etc/passwd');</style><h1>Head</h1><p align=center>a<b>b</b>"
-          "<span style='font-size:20px;color:#ff0000;background:#00ff00'>c</span><a href='http://x'>d</a></p>"
-          "<ul><li>e</li></ul><ol><li>f<li>g</ol><table border=1><tr><td>h<td>i</table>"
-          "<img src='file:///etc/hostname'><script>j</script><div style='color:white'>k</div>"}});
-    const panels::RichText text = contents();
-    EXPECT_EQ(panels::plainText(text), "Head\r\nabcd\r\ne\r\n1.\tf\r\n2.\tg\r\nh\r\ni\r\n\r\nk");
-    EXPECT_EQ(text.paragraphs[1].alignment, Alignment::centre);
-    EXPECT_TRUE(text.paragraphs[1].runs[1].format.bold);
-    EXPECT_EQ(text.paragraphs[1].runs[2].format.size, base::Twips{300});
-    EXPECT_EQ(text.paragraphs[1].runs[2].format.colour, base::rgb(255, 0, 0));
-    EXPECT_TRUE(text.paragraphs[2].bullet);
-    EXPECT_FALSE(text.paragraphs[3].bullet);
-    for (QTextBlock block = widget.document()->begin(); block.isValid(); block = block.next())
-        EXPECT_FALSE(block.text().contains(QChar::ObjectReplacementCharacter));
-}
-
-TEST_F(TextBoardFormTest, PastesPlainTextInTheLookThatIsThere)
-{
-    widget.setTextRTF("{\\rtf1\\fs80\\b{\\pntext\\bullet\\tab}ab\\par}");
-    select(1, 1);
-    paste({{"text/plain", "1\n2"}});
-    const panels::RichText text = contents();
-    EXPECT_EQ(panels::plainText(text), "a1\r\n2b");
-    EXPECT_TRUE(text.paragraphs[0].bullet);
-    EXPECT_EQ(text.paragraphs[0].runs.size(), 1U);
-    EXPECT_EQ(text.paragraphs[1].runs.front().format.size, base::Twips{800});
-}
-
-TEST_F(TextBoardFormTest, AWordPastedIntoAnEmptyBulletStaysInIt)
-{
-    board.text2_TB_ButtonClick("bullets");
-    paste({{"text/plain", "word"}});
-    EXPECT_TRUE(contents().paragraphs.front().bullet);
-    board.text2_TB_ButtonClick("cut");
-    board.text2_TB_ButtonClick("bullets");
-    paste({{"text/rtf", "{\\rtf1 word}"}});
-    EXPECT_TRUE(contents().paragraphs.front().bullet);
-}
-
-TEST_F(TextBoardFormTest, PastesNothingOfPicturesAndFiles)
-{
-    widget.setText("kept");
-    auto* picture = new QMimeData;
-    picture->setImageData(tests::plainPicture({10, 10}, Qt::red));
-    QApplication::clipboard()->setMimeData(picture);
-    widget.paste();
-    auto* file = new QMimeData;
-    file->setUrls({QUrl("file:///etc/passwd")});
-    QApplication::clipboard()->setMimeData(file);
-    widget.paste();
-    EXPECT_EQ(widget.Text(), "kept");
-}
-
-TEST_F(TextBoardFormTest, TakesTheNextFormatWhereOneIsDamaged)
-{
-    paste({{"text/rtf", "no rtf"}, {"text/html", "<b>html</b>"}, {"text/plain", "plain"}});
-    EXPECT_EQ(widget.Text(), "html");
-    board.text2_TB_ButtonClick("cut");
-    paste({{"text/rtf", "{\\rtf1{\\pict 00}}"}, {"text/plain", "plain"}});
-    EXPECT_EQ(widget.Text(), "plain");
-    board.text2_TB_ButtonClick("cut");
-    for (const char* element : {"<b>", "< b>"}) {
-        paste({{"text/html", QByteArray(element).repeated(29'000) + "deep"}, {"text/plain", "plain"}});
-        EXPECT_EQ(widget.Text(), "plain");
-        board.text2_TB_ButtonClick("cut");
-    }
-    paste({{"text/html", QByteArray("<table><tr><td>").repeated(6'000) + "deep"}, {"text/plain", "plain"}});
-    EXPECT_EQ(widget.Text(), "plain");
-    board.text2_TB_ButtonClick("cut");
-    paste({{"text/html", QByteArray("<p>many").repeated(40'000)}, {"text/plain", "plain"}});
-    EXPECT_EQ(widget.Text(), "plain");
-}
-
-TEST_F(TextBoardFormTest, TakesAStyleSheetButNotOneThatWouldHoldTheWindowUp)
-{
-    const QByteArray many = QByteArray("<p>many").repeated(29'000);
-    const QByteArray slow[] = {
-        "<style>" + QByteArray(".a{}").repeated(200'000) + "</style>" + many,
-        "<style>" + QByteArray(".a,").repeated(200'000) + "b{}</style>" + many,
-        "<STYLE>p" + QByteArray(".a").repeated(100'000) + "{}</STYLE>" + many,
-        "< style></p>" + QByteArray(".a{}").repeated(200'000) + "</style>" + many,
-        "<style><!-- </style> -->" + QByteArray(".a{}").repeated(200'000) + "</style>" + many,
-        "<style>" + QByteArray(".a{}").repeated(1000) + "</style><p class='" +
-            QByteArray("b ").repeated(300'000) + "'>many",
-    };
-    for (const QByteArray& html : slow) {
-        paste({{"text/html", html}, {"text/plain", "plain"}});
-        EXPECT_EQ(widget.Text(), "plain");
-        board.text2_TB_ButtonClick("cut");
-    }
-    paste({{"text/html", "<style>" + QByteArray(".a{font-weight:bold}").repeated(100) + "</style>" +
-                             QByteArray("<p class=a>x").repeated(1000)},
-           {"text/plain", "plain"}});
-    EXPECT_TRUE(widget.Text().starts_with("x\r\nx"));
-    EXPECT_TRUE(contents().paragraphs[0].runs[0].format.bold);
-}
-
-TEST_F(TextBoardFormTest, CopiesAsRtfAndAsText)
-{
-    widget.setTextRTF("{\\rtf1 a\\b b\\line c\\par\\qc d}");
-    widget.selectAll();
-    widget.copy();
-    const QMimeData* data = QApplication::clipboard()->mimeData();
-    EXPECT_EQ(data->text(), "ab\nc\nd");
-    const panels::RichText copied = panels::readRtf(data->data("text/rtf").toStdString());
-    EXPECT_EQ(panels::plainText(copied), "ab\vc\r\nd");
-    EXPECT_TRUE(copied.paragraphs[0].runs[1].format.bold);
-    EXPECT_EQ(copied.paragraphs[1].alignment, Alignment::centre);
-}
-
 TEST_F(TextBoardFormTest, HoldsTenThousandLines)
 {
     ASSERT_TRUE(shown);
@@ -495,18 +253,6 @@ TEST_F(TextBoardFormTest, HoldsTenThousandLines)
     key("ctrl+End");
     type("!");
     EXPECT_TRUE(widget.Text().ends_with("last!"));
-}
-
-TEST_F(TextBoardFormTest, TakesOfAVeryLargePasteWhatItCan)
-{
-    ASSERT_TRUE(shown);
-    const QByteArray line = "all the words of a line that is neither long nor short\n";
-    paste({{"text/plain", line.repeated(10'000'000 / int(line.size()))}});
-    const std::string text = widget.Text();
-    EXPECT_GT(text.size(), 900'000U);
-    EXPECT_LT(text.size(), 1'100'000U);
-    type("x");
-    EXPECT_EQ(widget.Text().size(), text.size() + 1);
 }
 
 TEST_F(TextBoardFormTest, PanelHasItsPartsInTheirPlaces)

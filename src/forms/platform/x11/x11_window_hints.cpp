@@ -5,7 +5,6 @@
 
 #include <xcb/xcb.h>
 
-#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
