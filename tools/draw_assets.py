@@ -105,7 +105,7 @@ def draw_recording():
 
 def draw_start_picture():
     """The stage before the first deck. The button drawn at (266, 286), 215 by 52, is what the window makes
-    a place to click; see src/forms/stage_widget.cpp."""
+    a place to click; see src/forms/start_button_area.cpp."""
     scale = 4
     image = Image.new("RGB", (STAGE[0] * scale, STAGE[1] * scale), SURFACE)
     draw = ImageDraw.Draw(image)

@@ -49,6 +49,7 @@ struct MixerLine {
     std::string szName{};
 };
 
+/// What of a line can be set: its volume, or which of its sources is heard.
 struct MixerControl {
     std::uint32_t dwControlID = 0;
     std::uint32_t dwControlType = 0;

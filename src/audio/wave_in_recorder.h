@@ -5,7 +5,6 @@
 #include "messages/message_windows.h"
 
 #include <functional>
-#include <memory>
 #include <span>
 #include <vector>
 

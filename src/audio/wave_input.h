@@ -10,6 +10,7 @@ namespace quillora::audio {
 /// An open wave input; 0 is none.
 using WaveHandle = std::uint32_t;
 
+/// How samples are laid out, with the fields of the header of a WAVE file.
 struct WaveFormat {
     std::uint16_t wFormatTag;
     std::uint16_t nChannels;

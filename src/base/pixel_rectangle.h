@@ -21,6 +21,7 @@ struct PixelRectangle {
     bool operator==(const PixelRectangle&) const = default;
 };
 
+/// A pixel of the screen or of a picture.
 struct PixelPoint {
     int x = 0;
     int y = 0;

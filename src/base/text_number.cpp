@@ -3,7 +3,6 @@
 #include "base/rounding.h"
 
 #include <charconv>
-#include <cmath>
 
 namespace quillora::base {
 

@@ -4,7 +4,6 @@
 #include "base/text_number.h"
 #include "session/slide_status.h"
 
-#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <system_error>

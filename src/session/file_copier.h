@@ -4,6 +4,7 @@
 
 namespace quillora::session {
 
+/// Puts finished files where the presenter wants them.
 class FileCopier {
   public:
     virtual ~FileCopier() = default;

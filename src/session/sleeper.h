@@ -4,6 +4,7 @@
 
 namespace quillora::session {
 
+/// Waits, as a port, so that tests need not.
 class Sleeper {
   public:
     virtual ~Sleeper() = default;

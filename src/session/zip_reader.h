@@ -22,6 +22,7 @@ class ZipReader {
     virtual void Unzip() = 0;
 };
 
+/// Makes a reader for each archive.
 class ZipReaderFactory {
   public:
     virtual ~ZipReaderFactory() = default;

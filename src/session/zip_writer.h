@@ -5,8 +5,8 @@
 
 namespace quillora::session {
 
-/// Writes one ZIP archive. Entries lie at its top level under the files' own names, in the order in which they
-/// were added. Media (what is compressed already) is stored, the rest deflated.
+/// Writes one ZIP archive. Entries lie at its top level under the files' own names, in the order in which
+/// they were added. Media (what is compressed already) is stored, the rest deflated.
 class ZipWriter {
   public:
     virtual ~ZipWriter() = default;
@@ -18,6 +18,7 @@ class ZipWriter {
     virtual void Zip() = 0;
 };
 
+/// Makes a writer for each archive.
 class ZipWriterFactory {
   public:
     virtual ~ZipWriterFactory() = default;

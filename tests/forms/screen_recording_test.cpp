@@ -20,7 +20,6 @@
 #include <QTest>
 
 #include <cmath>
-#include <span>
 
 using namespace quillora;
 using namespace std::chrono_literals;

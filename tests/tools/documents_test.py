@@ -30,6 +30,20 @@ class DocumentsTest(unittest.TestCase):
         self.assertGreater(len(links), 0)
         self.assertEqual([link for link in links if text.count(f'id="{link}"') != 1], [])
 
+    def test_every_test_that_a_document_names_exists(self):
+        sources = "".join(path.read_text(encoding="utf-8") for folder in ("src", "tests")
+                          for path in sorted((ROOT / folder).rglob("*_test.cpp")))
+        missing = []
+        for document in DOCUMENTS:
+            for suite, test in named_tests(document.read_text(encoding="utf-8")):
+                if not re.search(rf"^(TEST|TEST_F|TEST_P)\({suite}, {test}\)", sources, re.MULTILINE):
+                    missing.append(f"{document.relative_to(ROOT)}: {suite}.{test}")
+        self.assertEqual(missing, [])
+
+    def test_tests_are_found_at_all(self):
+        self.assertEqual(named_tests("see `Pause.FreezesTime`, `a/B.Cpp`, `session.Foo` and `DeckTest.Has2_Slides`"),
+                         [("Pause", "FreezesTime"), ("DeckTest", "Has2_Slides")])
+
     def test_paths_are_found_at_all(self):
         self.assertEqual(named_paths("see `src/a/b.cpp`, `src/<folder>/x`, `build/dev/y`, `./run demo`, and ![w](docs/w.png)"),
                          ["src/a/b.cpp", "docs/w.png"])
@@ -51,6 +65,11 @@ def named_paths(text):
     quoted = re.findall(r"`([\w.-]+/[\w./-]*)`", text)
     linked = re.findall(r"\]\(([^):#]+)\)", text)
     return [path for path in quoted + linked if not path.startswith(("build/", "./"))]
+
+
+def named_tests(text):
+    """Tests that a text names in backquotes, as (suite, test)."""
+    return re.findall(r"`([A-Z]\w+)\.([A-Z]\w+)`", text)
 
 
 if __name__ == "__main__":
