@@ -21,6 +21,7 @@ class CameraPreviewTest : public tests::FormTest {
     CameraPreviewTest() { preview.showPicturesOf(frames); }
     ~CameraPreviewTest() override
     {
+        form.hide();
         frames.onChange([] {});
     }
 
