@@ -23,8 +23,9 @@ class MessageBoxes {
     virtual BoxAnswer show(const MessageBox& box) = 0;
 };
 
-/// The main form's one dialog for files, `CommonDialog1`. Its fields are set before it is shown, and keep what
-/// the presenter chose after it; later readers rely on that. Cancel is no failure: the fields stay as they were.
+/// The main form's one dialog for files, `CommonDialog1`. Its fields are set before it is shown, and keep
+/// what the presenter chose after it; later readers rely on that. Cancel is no failure: the fields stay as
+/// they were.
 class CommonDialog {
   public:
     virtual ~CommonDialog() = default;

@@ -7,8 +7,8 @@ namespace quillora::base {
 /// Runs the statements in order; one that fails is skipped and the next one runs.
 ///
 /// This is how the operations that say so treat failure: a lecture goes on without the step that could not be
-/// done, rather than ending with it. Nothing is reported. Only exceptions derived from std::exception count as
-/// failures; a failed assertion is a bug and is not caught.
+/// done, rather than ending with it. Nothing is reported. Only exceptions derived from std::exception count
+/// as failures; a failed assertion is a bug and is not caught.
 template <typename... Statement>
 void skipFailures(Statement&&... statement)
 {

@@ -16,8 +16,8 @@ enum class CaptureMode : std::int32_t {
 
 /// Turns a region of the screen and the default sound input into a Windows Media Video file.
 ///
-/// It is idle, running or paused. Properties may be set at any time; Start() takes them up. All operations are
-/// called on the thread of forms and logic; capture itself goes on elsewhere. Failures are reported by
+/// It is idle, running or paused. Properties may be set at any time; Start() takes them up. All operations
+/// are called on the thread of forms and logic; capture itself goes on elsewhere. Failures are reported by
 /// exception (std::runtime_error), but nothing may depend on hearing of one: the callers skip it.
 class CaptureEngine {
   public:

@@ -58,7 +58,8 @@ void RecordingEngine::Pause()
 
 void RecordingEngine::Stop()
 {
-    // Also of a recording whose file could not be opened: what comes next is another one, with a name of its own.
+    // Also of a recording whose file could not be opened: what comes next is another one, with a name of its
+    // own.
     m_namedAnew = false;
     if (!m_recording)
         return;

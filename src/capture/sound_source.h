@@ -31,8 +31,8 @@ class SoundSource {
     virtual ~SoundSource() = default;
     /// Starts delivering to @p sink and returns at once.
     virtual void start(SoundSink& sink) = 0;
-    /// Stops delivering. When it returns the sink is not called any more. Returns within a second, whatever the
-    /// sound server does.
+    /// Stops delivering. When it returns the sink is not called any more. Returns within a second, whatever
+    /// the sound server does.
     virtual void stop() = 0;
 
     /// Names of the sound inputs; empty when there is no sound server. Takes at most a second.

@@ -6,8 +6,8 @@
 
 namespace quillora::deck {
 
-/// A control that holds pixels of its own: a picture is resized in it rather than scaled when painted, and takes
-/// pen lines. Failures are std::runtime_error; the surface then keeps what it had.
+/// A control that holds pixels of its own: a picture is resized in it rather than scaled when painted, and
+/// takes pen lines. Failures are std::runtime_error; the surface then keeps what it had.
 class ImageSurface {
   public:
     virtual ~ImageSurface() = default;

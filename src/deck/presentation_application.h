@@ -31,9 +31,10 @@ class Presentation {
     virtual int slideCount() = 0;
     /// `Slides.Item`, from 1.
     virtual std::unique_ptr<Slide> slide(int number) = 0;
-    /// Writes every slide as "Slide<n>.PNG" into @p folder, in a size of the converter's choice that keeps the
-    /// deck's own ratio.
-    virtual void SaveAs(const std::filesystem::path& folder, SaveAsFormat format, EmbedTrueTypeFonts fonts) = 0;
+    /// Writes every slide as "Slide<n>.PNG" into @p folder, in a size of the converter's choice that keeps
+    /// the deck's own ratio.
+    virtual void SaveAs(const std::filesystem::path& folder, SaveAsFormat format,
+                        EmbedTrueTypeFonts fonts) = 0;
 };
 
 /// A converter that is running. Letting go of it ends it.
@@ -45,13 +46,14 @@ class PresentationApplication {
                                                Untitled untitled, WithWindow withWindow) = 0;
 };
 
-/// The whole of what deck import asks of the outside: seven operations. Each blocks until it is done, and each
-/// throws std::runtime_error when it fails, when the converter crashed, or when it took too long and was ended.
+/// The whole of what deck import asks of the outside: seven operations. Each blocks until it is done, and
+/// each throws std::runtime_error when it fails, when the converter crashed, or when it took too long and was
+/// ended.
 class PresentationConverter {
   public:
     virtual ~PresentationConverter() = default;
-    /// A deck is about to be chosen: what takes time to start can start behind the presenter's choice. Returns
-    /// at once; a failure shows in createApplication().
+    /// A deck is about to be chosen: what takes time to start can start behind the presenter's choice.
+    /// Returns at once; a failure shows in createApplication().
     virtual void prepare() noexcept = 0;
     /// `create Application`, invisible.
     virtual std::unique_ptr<PresentationApplication> createApplication() = 0;

@@ -49,12 +49,10 @@ struct CommandSurface::Routes {
     };
 
     static constexpr Route<int> kCommands[] = {
-        {0, &C::run<O::toolbar_open>},    {1, &C::run<O::toolbar_options>},
-        {3, &C::run<O::toolbar_slides>},  {4, &C::run<O::toolbar_text>},
-        {5, &C::run<O::toolbar_draw>},    {6, &C::run<O::toolbar_web>},
-        {7, &C::run<O::toolbar_youtube>}, {8, &C::run<O::toolbar_screen>},
-        {10, &C::run<O::toolbar_record>}, {11, &C::run<O::toolbar_pause>},
-        {12, &C::run<O::toolbar_stop>},
+        {0, &C::run<O::toolbar_open>},    {1, &C::run<O::toolbar_options>}, {3, &C::run<O::toolbar_slides>},
+        {4, &C::run<O::toolbar_text>},    {5, &C::run<O::toolbar_draw>},    {6, &C::run<O::toolbar_web>},
+        {7, &C::run<O::toolbar_youtube>}, {8, &C::run<O::toolbar_screen>},  {10, &C::run<O::toolbar_record>},
+        {11, &C::run<O::toolbar_pause>},  {12, &C::run<O::toolbar_stop>},
     };
 
     // The pane carries items for "about" and "onlinesupport" only. The others act as soon as one does.

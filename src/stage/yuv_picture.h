@@ -11,9 +11,10 @@ namespace quillora::stage {
 /// 255.
 enum class YuvRange { limited, full };
 
-/// Turns a planar picture (all brightness, then the two colour planes at half the width and height, rounded up,
-/// without gaps) into @p frame, by the matrix of ITU-R BT.601, which is what cameras of this size use. @p width
-/// and @p height are at least 1. Throws std::invalid_argument when @p planes is shorter than the picture.
+/// Turns a planar picture (all brightness, then the two colour planes at half the width and height, rounded
+/// up, without gaps) into @p frame, by the matrix of ITU-R BT.601, which is what cameras of this size use. @p
+/// width and @p height are at least 1. Throws std::invalid_argument when @p planes is shorter than the
+/// picture.
 void toRgb(std::span<const std::uint8_t> planes, int width, int height, YuvRange range, CameraFrame& frame);
 
 } // namespace quillora::stage

@@ -36,8 +36,8 @@ bool windowManagerRuns()
 
 } // namespace
 
-// Under the address sanitizer, its leak checker falls over the toolkit's threads in one program of fifty: it reads
-// what they have just given back. What is ours to free is checked in the tests of the logic.
+// Under the address sanitizer, its leak checker falls over the toolkit's threads in one program of fifty: it
+// reads what they have just given back. What is ours to free is checked in the tests of the logic.
 extern "C" int __lsan_is_turned_off();
 extern "C" int __lsan_is_turned_off() { return 1; }
 

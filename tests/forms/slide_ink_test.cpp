@@ -103,8 +103,8 @@ class SlideInkFormTest : public FormTest {
     session::Workspace workspace{fields, {folder.path(), folder.path()}};
     session::SlideTimeIndex index{fields, workspace};
     stage::SlidePlace slidePlace{form.surfaces().slide_img_back};
-    deck::SlideViewer viewer{{fields, form, workspace, index, form.slide_img(), form.slide_img_N(),
-                              slidePlace, QUILLORA_ASSETS}};
+    deck::SlideViewer viewer{
+        {fields, form, workspace, index, form.slide_img(), form.slide_img_N(), slidePlace, QUILLORA_ASSETS}};
     deck::SlidePen pen{form.slide_img()};
     app::SlideInkParts parts{{.window = form, .pen = pen, .viewer = viewer, .assets = QUILLORA_ASSETS}};
     forms::ImageSurfaceWidget* slide = find<forms::ImageSurfaceWidget>("slide_img");

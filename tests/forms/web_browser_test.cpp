@@ -43,8 +43,9 @@ TEST_F(WebBrowserTest, ShowsThePageOnEveryOneOfItsPixels)
 TEST_F(WebBrowserTest, ShowsAPageWhereMemoryToShareIsScarce)
 {
     const auto program = folder.path() / "browser";
-    tests::writeFile(program, "#!/bin/sh\nexec bwrap --dev-bind / / --size 65536 --tmpfs /dev/shm --die-with-parent " +
-                                  std::string(QUILLORA_BROWSER) + " \"$@\"\n");
+    tests::writeFile(program,
+                     "#!/bin/sh\nexec bwrap --dev-bind / / --size 65536 --tmpfs /dev/shm --die-with-parent " +
+                         std::string(QUILLORA_BROWSER) + " \"$@\"\n");
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);
     forms::webengine::BrowserProcess poorHost(program);
     browser.setPageHost(poorHost);

@@ -20,7 +20,8 @@ using namespace quillora::forms::webengine;
 
 namespace {
 
-/// What a few pages may share among the engine's processes at once, in bytes. A container has 64 MB by default.
+/// What a few pages may share among the engine's processes at once, in bytes. A container has 64 MB by
+/// default.
 constexpr quint64 kSharedMemoryOfPages = 256 * 1024 * 1024;
 
 bool sharedMemoryIsScarce()
