@@ -9,6 +9,9 @@ namespace {
 
 /// At low rates the middle of the next frame can be further away than a segment may wait for its first frame.
 constexpr std::chrono::milliseconds kLatestFirstFrame{40};
+/// A frame of 25 a second. What is seen so late is still less than 45 ms behind its sound, which is where
+/// viewers begin to notice (ITU-R BT.1359).
+constexpr std::chrono::milliseconds kLatestFrame{40};
 
 } // namespace
 
@@ -18,12 +21,22 @@ std::int64_t FramePacer::framesDue(const SegmentClock& clock, CaptureClock::time
         m_segments = clock.segments().size();
         m_dueBeforeSegment = m_due;
     }
-    const std::chrono::duration<double> recorded = clock.recordedAt(now);
-    m_due = std::max(m_due, std::int64_t(std::floor(recorded.count() * m_framesPerSecond + 0.5)));
+    m_due = std::max(m_due, framesAt(clock, now));
     if (clock.running() && m_due == m_dueBeforeSegment &&
         now - clock.segments().back().begin >= kLatestFirstFrame)
         ++m_due;
     return m_due;
+}
+
+std::int64_t FramePacer::framesMissed(const SegmentClock& clock, CaptureClock::time_point now)
+{
+    return std::min(framesDue(clock, now) - 1, framesAt(clock, now - kLatestFrame));
+}
+
+std::int64_t FramePacer::framesAt(const SegmentClock& clock, CaptureClock::time_point moment) const
+{
+    const std::chrono::duration<double> recorded = clock.recordedAt(moment);
+    return std::int64_t(std::floor(recorded.count() * m_framesPerSecond + 0.5));
 }
 
 CaptureClock::time_point FramePacer::nextDue(const SegmentClock& clock) const

@@ -68,6 +68,34 @@ TEST(FramePacer, TakesTheFirstFrameOfARecordingWithin50Milliseconds)
     }
 }
 
+TEST(FramePacer, LeavesAFrameTheTimeOfOneAtAUsualRateToBeTakenIn)
+{
+    SegmentClock clock;
+    clock.resume(kNoon);
+    // Due at 10, 30, 50 and 70 ms.
+    FramePacer quick(50);
+    EXPECT_EQ(quick.framesMissed(clock, kNoon + 31ms), 0);
+    EXPECT_EQ(quick.framesMissed(clock, kNoon + 49ms), 0);
+    EXPECT_EQ(quick.framesMissed(clock, kNoon + 51ms), 1);
+    EXPECT_EQ(quick.framesMissed(clock, kNoon + 69ms), 1);
+    EXPECT_EQ(quick.framesMissed(clock, kNoon + 71ms), 2);
+    EXPECT_EQ(quick.framesDue(clock, kNoon + 71ms), 4);
+    // Due at 21 and 63 ms.
+    FramePacer usual(24);
+    EXPECT_EQ(usual.framesMissed(clock, kNoon + 62ms), 0);
+    EXPECT_EQ(usual.framesMissed(clock, kNoon + 63ms), 1);
+}
+
+TEST(FramePacer, GivesTheNewestFrameTimeHoweverLateItIs)
+{
+    SegmentClock clock;
+    clock.resume(kNoon);
+    FramePacer slow(1);
+    EXPECT_EQ(slow.framesMissed(clock, kNoon + 1400ms), 0);
+    clock.pause(kNoon + 1450ms);
+    EXPECT_EQ(slow.framesMissed(clock, kNoon + 1h), 0);
+}
+
 TEST(FramePacer, TakesTheFirstFrameOfEachSegmentWithin50Milliseconds)
 {
     for (const double rate : {12.0, 24.0, 50.0}) {

@@ -147,9 +147,10 @@ bool Recording::waitForFrame(std::unique_lock<std::mutex>& lock)
 {
     for (;;) {
         const bool running = m_clock.running() && !m_ending;
-        const std::int64_t due = m_pacer.framesDue(m_clock, CaptureClock::now());
+        const auto now = CaptureClock::now();
+        const std::int64_t due = m_pacer.framesDue(m_clock, now);
         if (running)
-            dropFramesUntil(due - 1);
+            dropFramesUntil(m_pacer.framesMissed(m_clock, now));
         else
             m_counts.frames = std::max(m_counts.frames, due);
         if (m_ending)
