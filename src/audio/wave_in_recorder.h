@@ -34,12 +34,15 @@ class WaveInRecorder : public MixerLines {
 
     bool IsRecording() const { return m_waveInHandle != 0; }
     int BufferCount() const { return m_bufferCount; }
-    /// From the next recording on, like the size.
+    /// How many buffers the device fills in turn, from the next recording on.
     void BufferCount(int count) { m_bufferCount = count; }
+    /// In bytes.
     int BufferSize() const { return m_bufferSize; }
+    /// From the next recording on; an odd size holds half as many samples, rounded half to even.
     void BufferSize(int bytes) { m_bufferSize = bytes; }
 
-    /// False, and nothing is recorded, when the device refuses. A recording that is on is stopped first.
+    /// @p sampleRate in samples a second of each of the @p channels (1 or 2), of 16 bits. False, and nothing
+    /// is recorded, when the device refuses. A recording that is on is stopped first.
     bool StartRecord(int sampleRate, int channels);
     /// Always true.
     bool StopRecord();
