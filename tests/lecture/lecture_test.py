@@ -102,6 +102,23 @@ class Lecture(LectureTest):
         self.save(presenter, presenter.stop(), desktop.folder / "lecture.asf")
         self.assert_lecture(desktop.folder / "lecture.asf", presenter)
 
+    def test_quitting_in_a_recording_stops_and_saves_it_first(self):
+        desktop = self.desktop()
+        presenter = self.presenter(desktop)
+        presenter.record()
+        presenter.wait(3)
+        presenter.cancel(presenter.close_in_recording())
+        presenter.acknowledge(NOT_SAVED_BOX)
+        self.save(presenter, presenter.save_dialog(), desktop.folder / "lecture.asf")
+        presenter.wait_for_end()
+        self.assert_lecture(desktop.folder / "lecture.asf", presenter)
+
+    def test_without_a_window_manager_the_lecture_is_recorded(self):
+        desktop = self.desktop(window_manager=False)
+        presenter = self.presenter(desktop)
+        self.save(presenter, self.short_lecture(presenter), desktop.folder / "lecture.asf")
+        self.assert_lecture(desktop.folder / "lecture.asf", presenter)
+
 
 class Screen(LectureTest):
     def test_the_screen_is_recorded_between_two_views_of_the_stage_and_the_whole_is_reviewed(self):
