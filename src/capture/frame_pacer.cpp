@@ -9,9 +9,9 @@ namespace {
 
 /// At low rates the middle of the next frame can be further away than a segment may wait for its first frame.
 constexpr std::chrono::milliseconds kLatestFirstFrame{40};
-/// A frame of 25 a second. What is seen so late is still less than 45 ms behind its sound, which is where
-/// viewers begin to notice (ITU-R BT.1359).
-constexpr std::chrono::milliseconds kLatestFrame{40};
+/// A picture that is taken late shows what its sound says only later. Viewers begin to notice that at 125 ms
+/// (ITU-R BT.1359); up to here a late picture is better than the last one again.
+constexpr std::chrono::milliseconds kLatestFrame{80};
 
 } // namespace
 

@@ -19,8 +19,8 @@ class FramePacer {
     /// before.
     std::int64_t framesDue(const SegmentClock& clock, CaptureClock::time_point now);
     /// How many of the frames that are due by @p now have no time left in which they could still be taken.
-    /// The newest always has; at high rates, so have those before it for as long as a frame lasts at a usual
-    /// rate: a thread that the machine wakes late then makes good what it missed.
+    /// The newest always has; those before it have a moment longer, so that a thread that the machine woke
+    /// late makes good what it missed.
     std::int64_t framesMissed(const SegmentClock& clock, CaptureClock::time_point now);
     /// When the next frame is due. Asked while the clock runs.
     CaptureClock::time_point nextDue(const SegmentClock& clock) const;

@@ -68,22 +68,23 @@ TEST(FramePacer, TakesTheFirstFrameOfARecordingWithin50Milliseconds)
     }
 }
 
-TEST(FramePacer, LeavesAFrameTheTimeOfOneAtAUsualRateToBeTakenIn)
+TEST(FramePacer, LeavesAFrameTimeToBeTakenLate)
 {
     SegmentClock clock;
     clock.resume(kNoon);
-    // Due at 10, 30, 50 and 70 ms.
+    // Due at 10, 30, 50, 70 and 90 ms.
     FramePacer quick(50);
-    EXPECT_EQ(quick.framesMissed(clock, kNoon + 31ms), 0);
-    EXPECT_EQ(quick.framesMissed(clock, kNoon + 49ms), 0);
-    EXPECT_EQ(quick.framesMissed(clock, kNoon + 51ms), 1);
-    EXPECT_EQ(quick.framesMissed(clock, kNoon + 69ms), 1);
-    EXPECT_EQ(quick.framesMissed(clock, kNoon + 71ms), 2);
-    EXPECT_EQ(quick.framesDue(clock, kNoon + 71ms), 4);
-    // Due at 21 and 63 ms.
+    EXPECT_EQ(quick.framesMissed(clock, kNoon + 89ms), 0);
+    EXPECT_EQ(quick.framesMissed(clock, kNoon + 91ms), 1);
+    EXPECT_EQ(quick.framesMissed(clock, kNoon + 109ms), 1);
+    EXPECT_EQ(quick.framesMissed(clock, kNoon + 111ms), 2);
+    EXPECT_EQ(quick.framesDue(clock, kNoon + 111ms), 6);
+    // Due at 21, 63 and 104 ms.
     FramePacer usual(24);
-    EXPECT_EQ(usual.framesMissed(clock, kNoon + 62ms), 0);
-    EXPECT_EQ(usual.framesMissed(clock, kNoon + 63ms), 1);
+    EXPECT_EQ(usual.framesMissed(clock, kNoon + 100ms), 0);
+    EXPECT_EQ(usual.framesMissed(clock, kNoon + 102ms), 1);
+    EXPECT_EQ(usual.framesMissed(clock, kNoon + 142ms), 1);
+    EXPECT_EQ(usual.framesMissed(clock, kNoon + 144ms), 2);
 }
 
 TEST(FramePacer, GivesTheNewestFrameTimeHoweverLateItIs)
