@@ -3,7 +3,6 @@
 #include "base/rounding.h"
 
 #include <algorithm>
-#include <sstream>
 
 namespace quillora::audio {
 namespace {
@@ -104,14 +103,11 @@ bool WaveInRecorder::giveUp()
 bool WaveInRecorder::StopRecord()
 {
     if (m_waveInHandle != 0) {
-        // Nobody is told what these come to: it is there for whoever steps through the program to see which
-        // of them a device refuses.
-        std::ostringstream trace;
-        trace << "waveInStop: " << m_input.waveInStop(m_waveInHandle) << '\n';
-        trace << "waveInReset: " << m_input.waveInReset(m_waveInHandle) << '\n';
-        for (AudioBuffer& buffer : m_buffers)
-            trace << "waveInUnprep " << m_input.waveInUnprepareHeader(m_waveInHandle, buffer.header) << '\n';
-        trace << "waveInClose: " << m_input.waveInClose(m_waveInHandle) << '\n';
+        // What these come to changes nothing.
+        m_input.waveInStop(m_waveInHandle);
+        m_input.waveInReset(m_waveInHandle);
+        unprepareBuffers();
+        m_input.waveInClose(m_waveInHandle);
         m_waveInHandle = 0;
     }
     DestroyMessageWindow();

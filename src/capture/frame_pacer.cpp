@@ -28,9 +28,9 @@ std::int64_t FramePacer::framesDue(const SegmentClock& clock, CaptureClock::time
     return m_due;
 }
 
-std::int64_t FramePacer::framesMissed(const SegmentClock& clock, CaptureClock::time_point now)
+bool FramePacer::tooLate(std::int64_t frame, const SegmentClock& clock, CaptureClock::time_point now) const
 {
-    return std::min(framesDue(clock, now) - 1, framesAt(clock, now - kLatestFrame));
+    return framesAt(clock, now - kLatestFrame) > frame;
 }
 
 std::int64_t FramePacer::framesAt(const SegmentClock& clock, CaptureClock::time_point moment) const

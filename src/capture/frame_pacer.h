@@ -10,7 +10,7 @@ namespace quillora::capture {
 /// by the rate, to one frame, however late the asker comes and however often the recording pauses.
 ///
 /// A frame is taken in the middle of the time in which it will be shown: what happens on the screen is then
-/// at most half a frame away from its sound, on either side. Not thread-safe.
+/// at most half a frame away from its sound, on either side, unless the asker comes late. Not thread-safe.
 class FramePacer {
   public:
     explicit FramePacer(double framesPerSecond) : m_framesPerSecond(framesPerSecond) {}
@@ -18,10 +18,10 @@ class FramePacer {
     /// How many frames, of the whole recording, should have been taken by @p now. Never less than it was
     /// before.
     std::int64_t framesDue(const SegmentClock& clock, CaptureClock::time_point now);
-    /// How many of the frames that are due by @p now have no time left in which they could still be taken.
-    /// The newest always has; those before it have a moment longer, so that a thread that the machine woke
-    /// late makes good what it missed.
-    std::int64_t framesMissed(const SegmentClock& clock, CaptureClock::time_point now);
+    /// Whether the time has passed in which @p frame, counted from 0, could still be taken. It has a moment
+    /// longer than until the next frame is due, so that a thread that the machine woke late makes good what
+    /// it missed.
+    bool tooLate(std::int64_t frame, const SegmentClock& clock, CaptureClock::time_point now) const;
     /// When the next frame is due. Asked while the clock runs.
     CaptureClock::time_point nextDue(const SegmentClock& clock) const;
 

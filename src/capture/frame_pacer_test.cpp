@@ -72,29 +72,17 @@ TEST(FramePacer, LeavesAFrameTimeToBeTakenLate)
 {
     SegmentClock clock;
     clock.resume(kNoon);
-    // Due at 10, 30, 50, 70 and 90 ms.
-    FramePacer quick(50);
-    EXPECT_EQ(quick.framesMissed(clock, kNoon + 89ms), 0);
-    EXPECT_EQ(quick.framesMissed(clock, kNoon + 91ms), 1);
-    EXPECT_EQ(quick.framesMissed(clock, kNoon + 109ms), 1);
-    EXPECT_EQ(quick.framesMissed(clock, kNoon + 111ms), 2);
-    EXPECT_EQ(quick.framesDue(clock, kNoon + 111ms), 6);
-    // Due at 21, 63 and 104 ms.
-    FramePacer usual(24);
-    EXPECT_EQ(usual.framesMissed(clock, kNoon + 100ms), 0);
-    EXPECT_EQ(usual.framesMissed(clock, kNoon + 102ms), 1);
-    EXPECT_EQ(usual.framesMissed(clock, kNoon + 142ms), 1);
-    EXPECT_EQ(usual.framesMissed(clock, kNoon + 144ms), 2);
-}
-
-TEST(FramePacer, GivesTheNewestFrameTimeHoweverLateItIs)
-{
-    SegmentClock clock;
-    clock.resume(kNoon);
-    FramePacer slow(1);
-    EXPECT_EQ(slow.framesMissed(clock, kNoon + 1400ms), 0);
-    clock.pause(kNoon + 1450ms);
-    EXPECT_EQ(slow.framesMissed(clock, kNoon + 1h), 0);
+    // The frames are due at 10 and 30 ms, and at 21 and 63 ms.
+    const FramePacer quick(50);
+    EXPECT_FALSE(quick.tooLate(0, clock, kNoon + 89ms));
+    EXPECT_TRUE(quick.tooLate(0, clock, kNoon + 91ms));
+    EXPECT_FALSE(quick.tooLate(1, clock, kNoon + 109ms));
+    EXPECT_TRUE(quick.tooLate(1, clock, kNoon + 111ms));
+    const FramePacer usual(24);
+    EXPECT_FALSE(usual.tooLate(0, clock, kNoon + 100ms));
+    EXPECT_TRUE(usual.tooLate(0, clock, kNoon + 102ms));
+    EXPECT_FALSE(usual.tooLate(1, clock, kNoon + 142ms));
+    EXPECT_TRUE(usual.tooLate(1, clock, kNoon + 144ms));
 }
 
 TEST(FramePacer, TakesTheFirstFrameOfEachSegmentWithin50Milliseconds)

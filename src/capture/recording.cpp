@@ -149,9 +149,11 @@ bool Recording::waitForFrame(std::unique_lock<std::mutex>& lock)
         const bool running = m_clock.running() && !m_ending;
         const auto now = CaptureClock::now();
         const std::int64_t due = m_pacer.framesDue(m_clock, now);
-        if (running)
-            dropFramesUntil(m_pacer.framesMissed(m_clock, now));
-        else
+        // Who is that late goes on with the newest: to take one late frame after the other would put all of
+        // them beside their sound.
+        if (running && m_pacer.tooLate(m_counts.frames, m_clock, now))
+            dropFramesUntil(due - 1);
+        if (!running)
             m_counts.frames = std::max(m_counts.frames, due);
         if (m_ending)
             return false;
